@@ -1,0 +1,220 @@
+#include "bare_file.h"
+#include "measure.h"
+
+#include "core/data/database_password.h"
+#include "programs/support/demo/sample_file.h"
+#include "programs/support/templates.h"
+#include "storage/connection.h"
+#include "storage/recordset.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+
+#include <cstdio>
+
+// Compares reading through the storage surface with hand-written statements on the bare engine.
+
+using namespace Qt::StringLiterals;
+using bench::BareFile;
+using bench::Times;
+
+namespace {
+
+const QString SearchedColumns =
+    u"表示名ﾌﾘｶﾞﾅ 表示名 ﾕｰｻﾞｰ名ﾌﾘｶﾞﾅ ﾕｰｻﾞｰ名 自宅TEL 自宅FAX 自宅住所 "
+    u"会社名ﾌﾘｶﾞﾅ 会社名 部署 会社TEL 会社FAX 会社住所 E-MAIL URL 備考"_s;
+const QString NoHit = u"%どこにもない語%"_s;
+
+const QString All = u"SELECT * FROM ユーザー"_s;
+const QString KanaOrder = u" ORDER BY ユーザー.表示名ﾌﾘｶﾞﾅ ,ユーザー.ﾕｰｻﾞｰID"_s;
+const QString KaRow = All + u" WHERE 表示名ﾌﾘｶﾞﾅ Like '[ｶ-ｺ]%'"_s + KanaOrder;
+const QString BareAll = u"SELECT * FROM \"ユーザー\""_s;
+const QString BareKanaOrder = u" ORDER BY corvane_key(\"表示名ﾌﾘｶﾞﾅ\"), \"ﾕｰｻﾞｰID\""_s;
+const QString BareKaRow =
+    u" FROM \"ユーザー\" NOT INDEXED WHERE corvane_like('[ｶ-ｺ]%', \"表示名ﾌﾘｶﾞﾅ\")"_s;
+const QString BarePage = u" LIMIT 256"_s;
+
+constexpr int PageRows = 256;
+
+// The searched columns, each between these marks.
+QString searchedColumns(QChar open, QChar close, const QString& between)
+{
+    QStringList columns;
+    for (const QString& column : SearchedColumns.split(u' '))
+        columns += open + column + close;
+    return columns.join(between);
+}
+
+QString search()
+{
+    return All + u" WHERE ("_s + searchedColumns(u'[', u']', u" & "_s) + u" ) Like '"_s + NoHit
+        + u'\'';
+}
+
+QString bareSearch()
+{
+    return u"SELECT count(*) FROM \"ユーザー\" WHERE corvane_like('"_s + NoHit + u"', "_s
+        + searchedColumns(u'"', u'"', u", "_s) + u')';
+}
+
+QString bareReadOfSearched()
+{
+    return u"SELECT "_s + searchedColumns(u'"', u'"', u", "_s) + u" FROM \"ユーザー\""_s;
+}
+
+void require(bool holds, const storage::Connection& file)
+{
+    if (!holds || !file.errors().isEmpty())
+        bench::giveUp(file.lastError().message);
+}
+
+// Reads every value of the rows from the current one on; gives their number.
+qint64 readRows(storage::Recordset& rows, qint64 atMost)
+{
+    const int fields = rows.fieldCount();
+    qint64 count = 0;
+    // Not one step further than asked for: it would read the next page.
+    for (bool onRow = !rows.eof(); onRow; onRow = ++count < atMost && rows.moveNext()) {
+        for (int field = 0; field < fields; ++field)
+            const QString value = rows.value(field).toText();
+    }
+    return count;
+}
+
+void readPage(storage::Connection& file, const QString& statement, bool counted)
+{
+    storage::Recordset rows;
+    rows.setPageSize(PageRows);
+    require(rows.open(statement, file), file);
+    if (counted)
+        require(rows.recordCount() > PageRows, file);
+    require(readRows(rows, PageRows) == PageRows, file);
+}
+
+void readEverything(storage::Connection& file, const QString& statement, qint64 expected)
+{
+    storage::Recordset rows;
+    require(rows.open(statement, file), file);
+    require(readRows(rows, expected + 1) == expected, file);
+}
+
+struct Files {
+    QString encrypted;
+    QString plain;
+};
+
+// The sample of that many customers, made when it is not there yet.
+Files prepareFiles(const QString& folder, int customers, const QString& password)
+{
+    const QString base = QDir(folder).filePath(u"customers-"_s + QString::number(customers));
+    const Files files{base + u".mdb"_s, base + u"-plain.mdb"_s};
+    if (programs::makeFolder(folder))
+        bench::giveUp(folder + u" cannot be made."_s);
+    if (!QFile::exists(files.encrypted)) {
+        programs::demo::Size size;
+        size.customers = customers;
+        size.today = QDate(2026, 4, 1);
+        if (const auto error = programs::demo::writeCustomerSample(files.encrypted, size)) {
+            QFile::remove(files.encrypted);
+            bench::giveUp(error->message);
+        }
+        QFile::remove(files.plain);
+    }
+    if (!QFile::exists(files.plain))
+        bench::writePlainCopy(files.encrypted, password, files.plain);
+    return files;
+}
+
+// Prints one figure; false when it is over its limit.
+bool report(const char* name, const Times& times, double limit)
+{
+    const bool within = times.ratio() <= limit;
+    std::printf("%s\t%.3f\t%.1f\n", name, times.ratio(), limit);
+    std::fprintf(stderr, "%s: %.3f ms against %.3f ms%s\n", name, times.ours, times.other,
+                 within ? "" : ", over its limit");
+    return within;
+}
+
+bool measureStorage(const Files& files, const QString& password, qint64 customers)
+{
+    storage::Connection file;
+    require(file.open(files.encrypted, password), file);
+    const BareFile bare(files.encrypted, password);
+
+    bool within =
+        report("first page in kana order",
+               bench::compare([&] { readPage(file, All + KanaOrder, false); },
+                              [&] { bare.readAll(BareAll + BareKanaOrder + BarePage); }, 50),
+               1.5);
+    within &= report("all columns of all rows",
+                     bench::compare([&] { readEverything(file, All, customers); },
+                                    [&] { bare.readAll(BareAll); }),
+                     1.3);
+    within &= report("search of the whole record",
+                     bench::compare([&] { readEverything(file, search(), 0); },
+                                    [&] { bare.readAll(bareReadOfSearched()); }),
+                     0.8);
+    within &= report("か行 page with its count",
+                     bench::compare([&] { readPage(file, KaRow, true); },
+                                    [&] {
+                                        bare.readAll(u"SELECT count(*)"_s + BareKaRow);
+                                        bare.readAll(u"SELECT *"_s + BareKaRow + BareKanaOrder
+                                                     + BarePage);
+                                    }),
+                     0.1);
+    return within;
+}
+
+bool measureEncryption(const Files& files, const QString& password)
+{
+    const BareFile encrypted(files.encrypted, password);
+    const BareFile plain(files.plain, {});
+    const auto both = [&](const QString& statement) {
+        return bench::compare([&] { encrypted.readAll(statement); },
+                              [&] { plain.readAll(statement); });
+    };
+    const bool scan = report("scan of an encrypted file", both(BareAll), 1.2);
+    return report("search of an encrypted file", both(bareSearch()), 1.2) && scan;
+}
+
+// The key is derived at every opening.
+void measureOpening(const Files& files, const QString& password)
+{
+    const Times times = bench::compare(
+        [&] {
+            storage::Connection file;
+            require(file.open(files.encrypted, password), file);
+        },
+        [&] { BareFile(files.plain, {}).readAll(u"SELECT count(*) FROM sqlite_schema"_s); });
+    std::printf("opening in milliseconds (for information)\t%.3f\t-\n", times.ours);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(u"corvane_bench"_s);
+    const QCommandLineOption folder(u"folder"_s, u"Where the measured files are kept."_s,
+                                    u"folder"_s, QDir::temp().filePath(u"corvane_bench"_s));
+    const QCommandLineOption customers(u"customers"_s, u"Customers in the file (1000 or more)."_s,
+                                       u"count"_s, u"100000"_s);
+    QCommandLineParser arguments;
+    arguments.setApplicationDescription(
+        u"Prints one line per figure: name, ratio, limit. Exit status 1 when one is over."_s);
+    arguments.addHelpOption();
+    arguments.addOptions({folder, customers});
+    arguments.process(application);
+    const int count = arguments.value(customers).toInt();
+    if (count < 1000 || count > 10'000'000)
+        arguments.showHelp(1);
+
+    const QString password = QString::fromUtf16(core::DatabasePassword);
+    const Files files = prepareFiles(arguments.value(folder), count, password);
+    const bool storage = measureStorage(files, password, count);
+    const bool encryption = measureEncryption(files, password);
+    measureOpening(files, password);
+    return storage && encryption ? 0 : 1;
+}

@@ -1,0 +1,70 @@
+# corvane_program(NAME PATH folder [WIDGETS] USES target...)
+#   One program of folder/**.cpp, or of folder.cpp alone. Left out while it has no sources.
+# corvane_templates()
+#   The read-only originals of the data files, made by make_templates into share/corvane.
+# corvane_fuzz_targets(PATH folder USES target...)
+#   One libFuzzer program for each source in the folder.
+
+function(corvane_program name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "WIDGETS" "PATH" "USES")
+    corvane_sources(sources ${arg_PATH})
+    file(GLOB single CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${arg_PATH}.cpp)
+    if(NOT sources AND NOT single)
+        return()
+    endif()
+    corvane_existing(uses ${arg_USES})
+    add_executable(${name} ${sources} ${single})
+    target_link_libraries(${name} PRIVATE ${uses} Qt6::Core corvane_options)
+    target_compile_definitions(${name} PRIVATE QT_NO_CAST_FROM_ASCII)
+    if(arg_WIDGETS)
+        corvane_use_qt_generators(${name})
+    endif()
+    install(TARGETS ${name} RUNTIME)
+endfunction()
+
+function(corvane_templates)
+    if(NOT TARGET make_templates)
+        return()
+    endif()
+    set(folder ${PROJECT_BINARY_DIR}/share/corvane)
+    set(files ${folder}/main.mdb ${folder}/Corvane.mdb ${folder}/Care.mdb)
+    set(locks ${folder}/main.ldb ${folder}/Corvane.ldb ${folder}/Care.ldb)
+    add_custom_command(OUTPUT ${files}
+        COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
+        COMMAND ${CMAKE_COMMAND} -E rm -f ${files}
+        COMMAND make_templates ${folder}
+        COMMAND ${CMAKE_COMMAND} -E rm -f ${locks}
+        DEPENDS make_templates VERBATIM
+        COMMENT "Writing the empty data files")
+    foreach(menu data/menu.ini src/app/menu.ini)
+        if(EXISTS ${PROJECT_SOURCE_DIR}/${menu})
+            add_custom_command(OUTPUT ${folder}/menu.ini
+                COMMAND ${CMAKE_COMMAND} -E copy ${PROJECT_SOURCE_DIR}/${menu} ${folder}/menu.ini
+                DEPENDS ${PROJECT_SOURCE_DIR}/${menu} VERBATIM)
+            list(APPEND files ${folder}/menu.ini)
+            break()
+        endif()
+    endforeach()
+    add_custom_target(templates ALL DEPENDS ${files})
+    if(TARGET corvane)
+        add_dependencies(corvane templates)
+    endif()
+    install(FILES ${files} DESTINATION share/corvane)
+endfunction()
+
+function(corvane_fuzz_targets)
+    cmake_parse_arguments(PARSE_ARGV 0 arg "" "PATH" "USES")
+    if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        message(FATAL_ERROR "The fuzz targets need clang: configure with "
+            "-DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++")
+    endif()
+    corvane_existing(uses ${arg_USES})
+    file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${arg_PATH}/*.cpp)
+    foreach(source IN LISTS sources)
+        get_filename_component(name ${source} NAME_WE)
+        add_executable(${name} ${source})
+        target_link_libraries(${name} PRIVATE ${uses} corvane_options)
+        target_compile_options(${name} PRIVATE -fsanitize=fuzzer)
+        target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+    endforeach()
+endfunction()

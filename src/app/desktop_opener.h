@@ -1,0 +1,9 @@
+#pragma once
+
+#include "core/data/opener.h"
+
+// Hands targets to the desktop.
+class DesktopOpener : public core::Opener {
+public:
+    bool open(const QString& target) override;
+};

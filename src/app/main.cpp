@@ -1,0 +1,34 @@
+#include "app/desktop_opener.h"
+#include "app/program.h"
+#include "core/data/clock.h"
+#include "core/data/main_database.h"
+#include "core/data/program_folder.h"
+#include "core/data/program_version.h"
+#include "core/data/shared.h"
+#include "ui/application_look.h"
+#include "ui/message_boxes.h"
+#include "ui/user_settings.h"
+
+#include <QApplication>
+
+using namespace Qt::StringLiterals;
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(u"corvane"_s);
+    QCoreApplication::setApplicationVersion(core::versionText());
+    ui::setUpApplication(application);
+
+    ui::MessageBoxes messages;
+    const core::SystemClock clock;
+    core::Shared shared(messages, clock);
+    if (!core::Main(shared, core::findProgramFolder(QCoreApplication::applicationDirPath())))
+        return 0;
+
+    DesktopOpener opener;
+    ui::StoredUserSettings userSettings;
+    Program program(shared, opener, userSettings);
+    program.start();
+    return QApplication::exec();
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "core/screens/screen_flow.h"
+#include "ui/file_chooser.h"
+
+#include <QList>
+#include <QPointer>
+
+namespace core {
+class Opener;
+struct Shared;
+} // namespace core
+namespace ui {
+class UserSettings;
+}
+
+// The running program: creates the screens and hands over from one to the next.
+class Program : public core::ScreenFlow, public core::DataFileOpener {
+public:
+    Program(core::Shared& shared, core::Opener& opener, ui::UserSettings& userSettings);
+    ~Program() override; // closes the screens that are still open
+
+    // Shows the splash screen.
+    void start();
+
+    bool has(core::Screen screen) const override;
+    void show(core::Screen screen) override;
+    void showChooser(core::DataKind kind) override;
+    void endProgram() override;
+    std::optional<core::OpenedDataFile> open(core::DataKind kind, const QString& path,
+                                             storage::Mode mode) override;
+
+private:
+    std::optional<core::OpenedDataFile> openCustomers(const QString& path, storage::Mode mode);
+    // Shows a screen that deletes itself when it is closed.
+    void open(QWidget* screen);
+
+    core::Shared& m_shared;
+    core::Opener& m_opener;
+    ui::UserSettings& m_userSettings;
+    ui::FileDialogs m_files;
+    QList<QPointer<QWidget>> m_screens;
+};

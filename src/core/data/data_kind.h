@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include <optional>
+
+namespace core {
+
+// The two kinds of data file.
+enum class DataKind { Customer, Repair };
+
+// "顧客管理データ" or "修理管理データ", as the screens name the kind.
+QString kindSelector(DataKind kind);
+// "顧客管理" or "修理管理", as 種類 of a registry row holds it.
+QString rowKind(DataKind kind);
+// The kind of a registry row; nullopt for a row of another sort.
+std::optional<DataKind> kindOfRow(QStringView text);
+
+// The folder of a kind's data files and the template that new ones are copied from.
+QString dataFolder(const QString& programFolder, DataKind kind);
+QString templateFile(const QString& programFolder, DataKind kind);
+// The path of the data file of that name; empty when the name cannot be a file name.
+QString dataFile(const QString& programFolder, DataKind kind, const QString& name);
+
+// Why a data name cannot be a file name, as a sentence for the user; empty when it can.
+QString whyNoFileName(const QString& name);
+
+} // namespace core

@@ -1,0 +1,23 @@
+#include "core/data/failure.h"
+
+#include "core/data/messages.h"
+#include "storage/connection.h"
+#include "storage/error.h"
+
+using namespace Qt::StringLiterals;
+
+namespace core {
+
+void tellFailure(Messages& messages, QStringView what, const storage::Error& error)
+{
+    const QString text = what.toString();
+    messages.refuse(error.message.isEmpty() ? text : text + u"\r\n"_s + error.message);
+}
+
+bool tellFailure(Messages& messages, QStringView what, const storage::Connection& connection)
+{
+    tellFailure(messages, what, connection.lastError());
+    return false;
+}
+
+} // namespace core

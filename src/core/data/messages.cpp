@@ -1,0 +1,34 @@
+#include "core/data/messages.h"
+
+namespace core {
+
+namespace {
+
+QString title()
+{
+    return QString::fromUtf16(AppTitleText);
+}
+
+} // namespace
+
+void Messages::refuse(const QString& text)
+{
+    show(MessageStyle::Critical, text, title());
+}
+
+void Messages::warn(const QString& text)
+{
+    show(MessageStyle::Exclamation, text, title());
+}
+
+void Messages::tell(const QString& text)
+{
+    show(MessageStyle::Information, text, title());
+}
+
+bool Messages::confirm(const QString& text)
+{
+    return show(MessageStyle::ExclamationYesNo, text, title()) == Answer::Yes;
+}
+
+} // namespace core

@@ -1,0 +1,127 @@
+#include "core/data/record_list.h"
+
+#include "core/data/failure.h"
+#include "core/data/record_key.h"
+
+#include <algorithm>
+
+namespace core {
+
+namespace {
+
+// Rows that a list without pages reads at a time.
+constexpr int BlockSize = 256;
+
+} // namespace
+
+RecordList::RecordList(DataFile& file, const QString& statement, ListColumns columns, int pageSize)
+    : m_file(file), m_columns(std::move(columns)), m_pageSize(std::max(pageSize, 0))
+{
+    m_rows.setPageSize(m_pageSize > 0 ? pageSize : BlockSize);
+    m_readable = m_rows.open(statement, file.connection);
+    if (!m_readable) {
+        tellFailure(file.messages, ReadFailedText, file.connection);
+        m_total = 0;
+        return;
+    }
+    if (m_rows.eof())
+        m_total = 0; // a search that found nothing need not be run again to be counted
+    findIndices();
+}
+
+void RecordList::findIndices()
+{
+    m_at.updateId = m_rows.fieldIndex(m_columns.updateId);
+    m_at.mark = m_rows.fieldIndex(m_columns.mark);
+    m_at.id = m_rows.fieldIndex(m_columns.id);
+    m_at.stamp = m_rows.fieldIndex(m_columns.stamp);
+    m_at.check = m_columns.check.isEmpty() ? -1 : m_rows.fieldIndex(m_columns.check);
+    for (const QString& cell : std::as_const(m_columns.cells))
+        m_at.cells.push_back(m_rows.fieldIndex(cell));
+}
+
+qint64 RecordList::total()
+{
+    if (!m_total)
+        m_total = std::max<qint64>(m_rows.recordCount(), 0);
+    return *m_total;
+}
+
+qint64 RecordList::pageCount()
+{
+    if (m_pageSize == 0)
+        return 1;
+    return std::max<qint64>((total() + m_pageSize - 1) / m_pageSize, 1);
+}
+
+void RecordList::setPage(qint64 page)
+{
+    m_page = page <= 1 ? 1 : std::min(page, pageCount());
+    m_pageRows.reset();
+}
+
+qint64 RecordList::count()
+{
+    if (m_pageSize == 0)
+        return total();
+    if (!m_pageRows) {
+        m_pageRows = m_total
+            ? std::clamp<qint64>(*m_total - (m_page - 1) * m_pageSize, 0, m_pageSize)
+            : countPage();
+    }
+    return *m_pageRows;
+}
+
+// Counts the rows of the page as they are read for it anyway, so that a page can be shown before
+// all rows are counted.
+qint64 RecordList::countPage()
+{
+    const qint64 before = (m_page - 1) * m_pageSize;
+    qint64 rows = 0;
+    m_rows.setCacheSize(static_cast<int>(m_pageSize));
+    if (m_readable && m_rows.setAbsolutePosition(before + 1)) {
+        rows = 1;
+        while (rows < m_pageSize && m_rows.moveNext())
+            ++rows;
+    }
+    if (rows > 0 && rows < m_pageSize)
+        m_total = before + rows;
+    return rows;
+}
+
+QList<ListRow> RecordList::rows(qint64 offset, int count)
+{
+    QList<ListRow> found;
+    const qint64 before = (m_page - 1) * m_pageSize;
+    const qint64 wanted = m_pageSize > 0 ? std::min<qint64>(count, m_pageSize - offset) : count;
+    if (!m_readable || wanted <= 0 || offset < 0)
+        return found;
+    m_rows.setCacheSize(static_cast<int>(wanted));
+    if (!m_rows.setAbsolutePosition(before + offset + 1))
+        return found;
+    found.reserve(wanted);
+    while (!m_rows.eof()) {
+        found.append(currentRow());
+        if (found.size() == wanted || !m_rows.moveNext())
+            break;
+    }
+    return found;
+}
+
+ListRow RecordList::currentRow() const
+{
+    const RecordKey key{m_rows.value(m_at.updateId).toInteger(),
+                        m_rows.value(m_at.mark).toInteger(), m_rows.value(m_at.id).toInteger(),
+                        m_rows.value(m_at.stamp).toText()};
+    ListRow row;
+    row.key = key.toText();
+    row.cells.reserve(static_cast<qsizetype>(m_at.cells.size()));
+    for (const int cell : m_at.cells)
+        row.cells.append(m_rows.value(cell).toText());
+    row.checked = m_at.check >= 0 && m_rows.value(m_at.check).toInteger() == 1;
+    if (m_columns.emphasis)
+        row.emphasis = m_columns.emphasis(m_rows);
+    return row;
+}
+
+} // namespace core

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "core/data/data_kind.h"
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+namespace core {
+
+struct Shared;
+
+// One registered data file.
+struct DataFileEntry {
+    qint64 number = 0; // No of its row
+    QString name;
+    QString password; // empty for none
+    DataKind kind = DataKind::Customer;
+
+    bool operator==(const DataFileEntry& other) const = default;
+};
+
+// The registered files of a kind in ascending order of their names; empty when reading fails.
+QList<DataFileEntry> ListDataFiles(Shared& shared, DataKind kind);
+
+// The same for choosing one to open; nullopt gives both kinds together.
+QList<DataFileEntry> ListDataFilesForOpen(Shared& shared, std::optional<DataKind> kind);
+
+// Registers a new data file and copies the template to its place. False when nothing was written;
+// the user is told either way.
+bool AddDataFile(Shared& shared, DataKind kind, const QString& name, const QString& password);
+
+// Rewrites the row and then renames the file. The user is told what came of it. False when the file
+// could not be moved (the row is changed all the same) or nothing was written.
+bool ChangeDataFile(Shared& shared, const DataFileEntry& selected, const QString& newName,
+                    const QString& newPassword);
+
+// Removes the row and the file after asking. False when the row is still there; a file that cannot
+// be removed is not reported.
+bool DeleteDataFile(Shared& shared, const DataFileEntry& selected);
+
+} // namespace core

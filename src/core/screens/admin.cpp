@@ -1,0 +1,129 @@
+#include "core/screens/admin.h"
+
+#include "core/data/administrator.h"
+#include "core/data/shared.h"
+#include "core/screens/screen_flow.h"
+#include "ui/enter_moves_on.h"
+#include "ui_admin.h"
+
+#include <QShortcut>
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+namespace core {
+
+admin::admin(Shared& shared, ScreenFlow& flow, QWidget* parent)
+    : QDialog(parent), m_ui(new Ui::admin), m_shared(shared)
+{
+    m_ui->setupUi(this);
+    m_ui->ListView1->header()->resizeSection(0, 320);
+    connect(m_ui->Option1, &QRadioButton::toggled, this, &admin::Option_Click);
+    connect(m_ui->ListView1, &QTreeWidget::currentItemChanged, this, &admin::ListView1_ItemClick);
+    connect(m_ui->Command1, &QPushButton::clicked, this, &admin::Command1_Click);
+    connect(m_ui->Command2, &QPushButton::clicked, this, &admin::Command2_Click);
+    connect(m_ui->Command3, &QPushButton::clicked, this, &admin::Command3_Click);
+    connect(m_ui->Command4, &QPushButton::clicked, this, &admin::Command4_Click);
+    connect(m_ui->Command5, &QPushButton::clicked, this, &QDialog::reject);
+    connect(this, &QDialog::finished, this, [&flow] { flow.show(Screen::Menu); });
+    auto* const remove = new QShortcut(QKeySequence::Delete, m_ui->ListView1);
+    remove->setContext(Qt::WidgetShortcut);
+    connect(remove, &QShortcut::activated, this, &admin::Command3_Click);
+    new ui::EnterMovesOn(this, nullptr);
+
+    fillList(0);
+    const Administrator administrator = LoadAdministrator(m_shared);
+    m_ui->Text2_0->setText(administrator.name);
+    m_ui->Text2_1->setText(administrator.password);
+}
+
+admin::~admin() = default;
+
+DataKind admin::kind() const
+{
+    return m_ui->Option1->isChecked() ? DataKind::Customer : DataKind::Repair;
+}
+
+std::optional<DataFileEntry> admin::selectedEntry() const
+{
+    const int row = m_ui->ListView1->indexOfTopLevelItem(m_ui->ListView1->currentItem());
+    if (row < 0)
+        return std::nullopt;
+    return m_entries[row];
+}
+
+void admin::fillList(qint64 selectedNumber)
+{
+    const QSignalBlocker quiet(m_ui->ListView1);
+    m_entries = ListDataFiles(m_shared, kind());
+    m_ui->ListView1->clear();
+    for (const DataFileEntry& entry : m_entries) {
+        auto* const item = new QTreeWidgetItem({entry.name, entry.password});
+        m_ui->ListView1->addTopLevelItem(item);
+        if (entry.number == selectedNumber)
+            m_ui->ListView1->setCurrentItem(item);
+    }
+    enableButtons();
+}
+
+void admin::showEntry(const DataFileEntry& entry)
+{
+    m_ui->Text1_0->setText(entry.name);
+    m_ui->Text1_1->setText(entry.password);
+}
+
+void admin::enableButtons()
+{
+    const bool isSelected = selectedEntry().has_value();
+    m_ui->Command2->setEnabled(isSelected);
+    m_ui->Command3->setEnabled(isSelected);
+}
+
+void admin::Option_Click()
+{
+    fillList(0);
+    showEntry({});
+}
+
+void admin::ListView1_ItemClick()
+{
+    enableButtons();
+    if (const std::optional<DataFileEntry> entry = selectedEntry())
+        showEntry(*entry);
+}
+
+void admin::Command1_Click()
+{
+    const QString name = m_ui->Text1_0->text();
+    if (!AddDataFile(m_shared, kind(), name, m_ui->Text1_1->text()))
+        return;
+    showEntry({});
+    fillList(0);
+    m_ui->Text1_0->setFocus();
+}
+
+void admin::Command2_Click()
+{
+    const std::optional<DataFileEntry> entry = selectedEntry();
+    if (!entry)
+        return;
+    // Also after a failure: the row can be changed although the file kept its name.
+    ChangeDataFile(m_shared, *entry, m_ui->Text1_0->text(), m_ui->Text1_1->text());
+    fillList(entry->number);
+}
+
+void admin::Command3_Click()
+{
+    const std::optional<DataFileEntry> entry = selectedEntry();
+    if (!entry || !DeleteDataFile(m_shared, *entry))
+        return;
+    fillList(0);
+    showEntry({});
+}
+
+void admin::Command4_Click()
+{
+    SaveAdministrator(m_shared, {m_ui->Text2_0->text(), m_ui->Text2_1->text()});
+}
+
+} // namespace core

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "core/data/registry.h"
+
+#include <QDialog>
+
+#include <memory>
+#include <optional>
+
+namespace Ui {
+class admin;
+}
+
+namespace core {
+
+class ScreenFlow;
+struct Shared;
+
+// The administration screen: the registry of data files, and the administrator's name and password.
+class admin : public QDialog {
+    Q_OBJECT
+
+public:
+    admin(Shared& shared, ScreenFlow& flow, QWidget* parent = nullptr);
+    ~admin() override;
+
+private:
+    void Option_Click();
+    void ListView1_ItemClick();
+    void Command1_Click();
+    void Command2_Click();
+    void Command3_Click();
+    void Command4_Click();
+
+    DataKind kind() const;
+    std::optional<DataFileEntry> selectedEntry() const;
+    // Lists the files of the kind anew, selecting the one with that row number. What stands in the
+    // fields is left alone.
+    void fillList(qint64 selectedNumber);
+    void showEntry(const DataFileEntry& entry);
+    void enableButtons();
+
+    std::unique_ptr<Ui::admin> m_ui;
+    Shared& m_shared;
+    QList<DataFileEntry> m_entries; // as listed
+};
+
+} // namespace core

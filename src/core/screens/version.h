@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class version;
+}
+
+namespace core {
+
+class Opener;
+
+// The version screen, shown modally over the menu.
+class version : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit version(Opener& opener, QWidget* parent = nullptr);
+    ~version() override;
+
+private:
+    void Command1_Click();
+    void Command2_Click();
+
+    std::unique_ptr<Ui::version> m_ui;
+    Opener& m_opener;
+};
+
+} // namespace core

@@ -1,0 +1,83 @@
+#include "customer/data/case_index.h"
+
+#include "text/dates.h"
+
+using namespace Qt::StringLiterals;
+
+namespace customer {
+
+namespace {
+
+const QString RecentOrder = u" ORDER BY 件名.最近更新日時 DESC"_s;
+const QString TextCondition =
+    u"WHERE (件名.登録日 & ユーザー.表示名 & 件名.件名 & 件名.備考 & "_s + u"件名.判定) Like '%"_s;
+const QString OpenCaption = u"続行の件名表示"_s;
+const QString FinishedCaption = u"完了の件名表示"_s;
+const QString AllCaption = u"全ての件名表示"_s;
+
+} // namespace
+
+QList<CaseIndexNode> caseIndex()
+{
+    return {{u"個々"_s, CaseView::Single},
+            {OpenCaption, CaseView::Open},
+            {FinishedCaption, CaseView::Finished},
+            {AllCaption, CaseView::All},
+            {u"最近一週間"_s, CaseView::Recent}};
+}
+
+ListFilter casesOfCustomer(const core::RecordKey& customer, const QString& name)
+{
+    return {u" WHERE ユーザー.ユーザーID = "_s + QString::number(customer.id)
+                + u" and 件名識別ID = "_s + QString::number(customer.mark),
+            {},
+            name + u" の件名表示"_s};
+}
+
+ListFilter singleCase(const core::RecordKey& ofCase)
+{
+    return {u" WHERE 件名.件名ID = "_s + QString::number(ofCase.id) + u" and 件名識別ID = "_s
+                + QString::number(ofCase.mark),
+            {},
+            u"件名表示"_s};
+}
+
+ListFilter openCases()
+{
+    return {u" WHERE"_s + u" 件名.判定 = '続行'"_s, {}, OpenCaption};
+}
+
+ListFilter finishedCases()
+{
+    return {u" WHERE"_s + u" 件名.判定 = '完了'"_s, {}, FinishedCaption};
+}
+
+ListFilter allCases()
+{
+    return {{}, {}, AllCaption};
+}
+
+ListFilter casesOfDay(QDate day)
+{
+    const QString date = text::formatDate(day);
+    return {u"WHERE 件名.登録日  Like '"_s + date + u"' "_s + u"OR 件名.予定日  Like '"_s + date
+                + u'\'',
+            {},
+            date + u"の件名表示"_s};
+}
+
+ListFilter recentCases(const Settings& settings, QDate today)
+{
+    const QString start = text::formatPlainDate(today.addDays(-settings.recentCaseDays));
+    const QString end = text::formatPlainDate(today);
+    return {u" WHERE "_s + u"(件名.最近更新日時 BETWEEN #"_s + start + u" 00:00:00# AND #"_s + end
+                + u" 23:59:59#)"_s,
+            RecentOrder, start + u" ～ "_s + end + u" 更新"_s};
+}
+
+ListFilter casesWithText(const QString& text)
+{
+    return {TextCondition + text + u"%'"_s, {}, u'\'' + text + u"'を含む件名表示"_s};
+}
+
+} // namespace customer

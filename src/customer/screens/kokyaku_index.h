@@ -1,0 +1,50 @@
+#pragma once
+
+#include "customer/data/customer_index.h"
+
+#include <QList>
+#include <QWidget>
+
+#include <memory>
+
+class QTreeWidgetItem;
+
+namespace Ui {
+class kokyaku_index;
+}
+
+namespace customer {
+
+// The index of customers (TreeView1).
+class kokyaku_index : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit kokyaku_index(QWidget* parent = nullptr);
+    ~kokyaku_index() override;
+
+    // `settings` as for all panes: those of the open file, which stay the main screen's.
+    void initialize(CustomerFile& file, const Settings& settings);
+    // Chooses the root: all customers.
+    void chooseAll();
+    // Reads the stored searches again; the chosen node stays chosen.
+    void reload();
+
+    QWidget* tree();
+
+signals:
+    // A node was chosen that shows these customers.
+    void chosen(const customer::ListFilter& filter);
+
+private:
+    void fill();
+    void addNode(QTreeWidgetItem* item, const IndexNode& node);
+    void choose(QTreeWidgetItem* item);
+
+    std::unique_ptr<Ui::kokyaku_index> m_ui;
+    CustomerFile* m_file = nullptr;
+    const Settings* m_settings = nullptr;
+    QList<IndexNode> m_nodes; // by the number that an item keeps
+};
+
+} // namespace customer

@@ -1,0 +1,100 @@
+#include "customer/screens/upkrog.h"
+
+#include "core/data/clock.h"
+#include "text/lines.h"
+#include "ui/enter_moves_on.h"
+#include "ui_upkrog.h"
+
+#include <QCompleter>
+#include <QFocusEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace customer {
+
+upkrog::upkrog(CustomerFile& file, ui::Drafts& drafts, QWidget* parent, bool adding)
+    : EditForm(file.messages, drafts, parent), m_ui(std::make_unique<Ui::upkrog>()), m_file(file)
+{
+    m_ui->setupUi(this);
+    m_ui->DTPicker2->setDate(file.clock.today());
+    m_ui->Combo2->addItems(recorderNames(file));
+    m_ui->Combo2->setCurrentText({});
+    m_ui->Combo2->completer()->setCaseSensitivity(Qt::CaseSensitive);
+    m_ui->Combo2->completer()->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
+    m_ui->Combo2->installEventFilter(this);
+    auto* const enter = new ui::EnterMovesOn(this, m_ui->Command1);
+    enter->keepLineBreaksIn(m_ui->Rrogu);
+    initialize({m_ui->Command1, m_ui->Command2, m_ui->Command3, m_ui->chkrenzo,
+                adding ? static_cast<QWidget*>(m_ui->DTPicker2) : m_ui->Rrogu},
+               adding);
+}
+
+upkrog::upkrog(CustomerFile& file, ui::Drafts& drafts, const core::RecordKey& ofCase,
+               QWidget* parent)
+    : upkrog(file, drafts, parent, true)
+{
+    m_case = ofCase;
+    recordShown(u"upkrog + "_s + QString::number(ofCase.updateId));
+}
+
+upkrog::upkrog(CustomerFile& file, ui::Drafts& drafts, const KeptLog& kept, QWidget* parent)
+    : upkrog(file, drafts, parent, false)
+{
+    m_kept = kept;
+    if (kept.fields.recorded.isValid())
+        m_ui->DTPicker2->setDate(kept.fields.recorded);
+    m_ui->Combo2->setCurrentText(kept.fields.recorder);
+    m_ui->Rrogu->setPlainText(text::toWidgetLines(kept.fields.text));
+    recordShown(u"upkrog "_s + QString::number(kept.key.updateId));
+}
+
+upkrog::~upkrog() = default;
+
+bool upkrog::eventFilter(QObject* watched, QEvent* event)
+{
+    // Only who comes by key or mouse wants the names; who comes back from another window does not.
+    if (watched == m_ui->Combo2 && event->type() == QEvent::FocusIn) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
+            || reason == Qt::ShortcutFocusReason) {
+            Combo2_GotFocus();
+        }
+    }
+    return EditForm::eventFilter(watched, event);
+}
+
+// The names drop down as they do by F4, but in a list that leaves the typing to the field: any
+// other name can be typed at once.
+void upkrog::Combo2_GotFocus()
+{
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (m_ui->Combo2->hasFocus() && m_ui->Combo2->count() > 0)
+                m_ui->Combo2->completer()->complete();
+        },
+        Qt::QueuedConnection);
+}
+
+LogFields upkrog::fields() const
+{
+    LogFields entered;
+    entered.recorded = m_ui->DTPicker2->date();
+    entered.recorder = m_ui->Combo2->currentText();
+    const QString log = m_ui->Rrogu->toPlainText();
+    const QString& before = m_kept.fields.text;
+    entered.text = log == text::toWidgetLines(before) ? before : text::toStoredLines(log);
+    return entered;
+}
+
+core::SaveResult upkrog::save()
+{
+    return isAdding() ? addLog(m_file, m_case, fields()) : changeLog(m_file, m_kept.key, fields());
+}
+
+core::DeleteResult upkrog::remove()
+{
+    return deleteLog(m_file, m_kept.key);
+}
+
+} // namespace customer

@@ -1,0 +1,66 @@
+#include "customer/shared/upyotei.h"
+
+#include "text/lines.h"
+#include "ui/enter_moves_on.h"
+#include "ui_upyotei.h"
+
+using namespace Qt::StringLiterals;
+
+namespace customer {
+
+upyotei::upyotei(core::DataFile& file, ui::Drafts& drafts, QWidget* parent, QDate day, bool adding)
+    : EditForm(file.messages, drafts, parent), m_ui(std::make_unique<Ui::upyotei>()), m_file(file)
+{
+    m_ui->setupUi(this);
+    m_ui->DTPicker7->setDate(day);
+    m_ui->DTPicker6->setTime(QTime(0, 0));
+    auto* const enter = new ui::EnterMovesOn(this, m_ui->Command1);
+    enter->keepLineBreaksIn(m_ui->yotei1);
+    initialize({m_ui->Command1, m_ui->Command2, m_ui->Command3, m_ui->chkrenzo, m_ui->DTPicker7},
+               adding);
+}
+
+upyotei::upyotei(core::DataFile& file, ui::Drafts& drafts, QDate day, QWidget* parent)
+    : upyotei(file, drafts, parent, day, true)
+{
+    recordShown(u"upyotei +"_s);
+}
+
+upyotei::upyotei(core::DataFile& file, ui::Drafts& drafts, const core::KeptScheduleEntry& kept,
+                 QWidget* parent)
+    : upyotei(file, drafts, parent, kept.entry.date, false)
+{
+    m_kept = kept;
+    if (kept.entry.time.isValid())
+        m_ui->DTPicker6->setTime(kept.entry.time);
+    m_ui->yotei1->setPlainText(text::toWidgetLines(kept.entry.text));
+    recordShown(u"upyotei "_s + QString::number(kept.key.updateId));
+}
+
+upyotei::~upyotei() = default;
+
+core::ScheduleEntry upyotei::entry() const
+{
+    const QString shown = m_ui->yotei1->toPlainText();
+    const QString& before = m_kept.entry.text;
+    return {m_ui->DTPicker7->date(), m_ui->DTPicker6->time(),
+            shown == text::toWidgetLines(before) ? before : text::toStoredLines(shown)};
+}
+
+core::SaveResult upyotei::save()
+{
+    return isAdding() ? core::addScheduleEntry(m_file, entry())
+                      : core::changeScheduleEntry(m_file, m_kept.key, entry());
+}
+
+core::DeleteResult upyotei::remove()
+{
+    return core::deleteScheduleEntry(m_file, m_kept.key);
+}
+
+QWidget* upyotei::refusedField()
+{
+    return m_ui->yotei1;
+}
+
+} // namespace customer

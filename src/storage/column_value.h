@@ -1,0 +1,15 @@
+#pragma once
+
+#include "storage/schema/catalog.h"
+#include "storage/value.h"
+
+#include <optional>
+
+namespace storage {
+
+// The value as the column keeps it: numbers from texts that are numbers, whole numbers of 32 bits,
+// texts up to the column's length in characters, date-times also from texts that are one. Null fits
+// everywhere but in an auto-number; nothing when the value does not fit.
+std::optional<Value> fitColumn(const Value& value, const schema::Column& column);
+
+} // namespace storage

@@ -1,0 +1,293 @@
+#include "storage/connection.h"
+
+#include "storage/data_files/file_lock.h"
+#include "storage/engine/engine.h"
+#include "storage/schema/catalog.h"
+#include "storage/schema/definitions.h"
+#include "storage/sql/compile.h"
+
+#include <QCache>
+#include <QFile>
+#include <QFileInfo>
+
+namespace storage {
+
+using namespace Qt::StringLiterals;
+using data_files::FileLock;
+using data_files::LockKind;
+
+// What is open. The lock comes first, so that it is the last to go.
+struct Connection::Private {
+    Private(FileLock held, std::unique_ptr<engine::Session> opened, const QString& at, Mode shared)
+        : lock(std::move(held)), session(std::move(opened)), path(at), mode(shared)
+    {
+    }
+
+    FileLock lock;
+    std::unique_ptr<engine::Session> session;
+    QString path;
+    Mode mode;
+    schema::Catalog catalog;
+    // By their text; a screen asks the same few questions again and again.
+    QCache<QString, sql::Compiled> compiled{64};
+    int depth = 0;
+    bool catalogChanged = false; // inside the open transaction
+};
+
+namespace {
+
+Error stateError(const QString& message)
+{
+    return {ErrorKind::State, message};
+}
+
+// Indexes that another version of the text rules has made are renewed before anybody reads by them.
+std::optional<Error> settleTextIndexes(engine::Session& session, FileLock& lock, Mode mode)
+{
+    if (!session.hasForeignTextIndexes())
+        return {};
+    if (mode == Mode::ShareExclusive)
+        return session.renewTextIndexes(true);
+    const bool onlyCopy = lock.raise();
+    std::optional<Error> error;
+    if (lock.isHeld())
+        error = session.renewTextIndexes(onlyCopy);
+    if (onlyCopy)
+        lock.lower();
+    if (!lock.isHeld())
+        return Error{ErrorKind::InUse, u"ファイルは他で使用中の為、開くことができません。"_s};
+    return error;
+}
+
+} // namespace
+
+Connection::Connection() = default;
+
+Connection::~Connection()
+{
+    close();
+}
+
+bool Connection::open(const QString& path, const QString& password, Mode mode)
+{
+    if (isOpen())
+        return fail(stateError(u"すでにファイルを開いています。"_s));
+    // No lock file is left beside a file that is not there.
+    if (!QFileInfo::exists(path))
+        return fail({ErrorKind::Missing, u"ファイルがみつかりません。"_s});
+    Error error;
+    auto lock = FileLock::acquire(
+        path, mode == Mode::ShareExclusive ? LockKind::Exclusive : LockKind::Shared, &error);
+    if (!lock)
+        return fail(error);
+    auto session = engine::openEmbedded(path, password, &error);
+    if (!session)
+        return fail(error);
+    if (auto failure = settleTextIndexes(*session, *lock, mode))
+        return fail(*failure);
+    return adopt(std::make_unique<Private>(std::move(*lock), std::move(session), path, mode));
+}
+
+bool Connection::create(const QString& path, const QString& password,
+                        const schema::Definition& definition)
+{
+    if (isOpen())
+        return fail(stateError(u"すでにファイルを開いています。"_s));
+    Error error;
+    auto lock = FileLock::acquire(path, LockKind::Exclusive, &error);
+    if (!lock)
+        return fail(error);
+    auto session = engine::createEmbedded(path, password, &error);
+    if (!session)
+        return fail(error);
+    if (auto failure = session->create(definition)) {
+        session.reset();
+        QFile::remove(path);
+        return fail(*failure);
+    }
+    return adopt(std::make_unique<Private>(std::move(*lock), std::move(session), path,
+                                           Mode::ShareExclusive));
+}
+
+bool Connection::adopt(std::unique_ptr<Private> opened)
+{
+    if (auto failure = opened->session->readCatalog(&opened->catalog))
+        return fail(*failure);
+    d = std::move(opened);
+    return true;
+}
+
+void Connection::close()
+{
+    if (!isOpen())
+        return;
+    const QList<ConnectionUser*> users = std::exchange(m_users, {});
+    for (ConnectionUser* user : users)
+        user->connectionClosing();
+    if (d->depth > 0)
+        d->session->rollBack(0);
+    d.reset();
+}
+
+bool Connection::isOpen() const
+{
+    return d != nullptr;
+}
+
+QString Connection::path() const
+{
+    return d ? d->path : QString();
+}
+
+Mode Connection::mode() const
+{
+    return d ? d->mode : Mode::ReadWrite;
+}
+
+bool Connection::compile(const QString& statement, sql::Compiled* compiled)
+{
+    if (!isOpen())
+        return fail(stateError(u"ファイルを開いていません。"_s));
+    if (const sql::Compiled* known = d->compiled.object(statement)) {
+        *compiled = *known;
+        return true;
+    }
+    auto result = sql::compile(statement, d->catalog, d->session->dialect());
+    const Error* refused = std::get_if<Error>(&result);
+    // Another copy may have upgraded the file since its tables were read.
+    if (refused && refused->kind == ErrorKind::Name && rereadCatalog())
+        result = sql::compile(statement, d->catalog, d->session->dialect());
+    refused = std::get_if<Error>(&result);
+    if (refused)
+        return fail(*refused);
+    *compiled = std::move(std::get<sql::Compiled>(result));
+    if (compiled->kind == sql::StatementKind::Rows)
+        d->compiled.insert(statement, new sql::Compiled(*compiled));
+    return true;
+}
+
+bool Connection::execute(const QString& statement, qint64* affected)
+{
+    sql::Compiled compiled;
+    if (!compile(statement, &compiled))
+        return false;
+    if (compiled.kind != sql::StatementKind::Rows)
+        announceWrite();
+    qint64 written = 0;
+    if (auto error = d->session->run(compiled.statement, &written)) {
+        error->statement = statement;
+        return fail(*error);
+    }
+    if (affected)
+        *affected = compiled.kind == sql::StatementKind::Write ? written : 0;
+    if (compiled.kind != sql::StatementKind::Definition)
+        return true;
+    d->catalogChanged = d->depth > 0;
+    return rereadCatalog();
+}
+
+bool Connection::begin()
+{
+    if (!isOpen())
+        return fail(stateError(u"ファイルを開いていません。"_s));
+    announceWrite();
+    if (!check(d->session->begin(d->depth)))
+        return false;
+    ++d->depth;
+    return true;
+}
+
+bool Connection::commit()
+{
+    if (transactionDepth() == 0)
+        return fail(stateError(u"トランザクションは開始されていません。"_s));
+    if (auto error = d->session->commit(d->depth - 1)) {
+        fail(*error);
+        rollBack();
+        return false;
+    }
+    if (--d->depth == 0)
+        d->catalogChanged = false;
+    return true;
+}
+
+bool Connection::rollBack()
+{
+    if (transactionDepth() == 0)
+        return fail(stateError(u"トランザクションは開始されていません。"_s));
+    announceWrite();
+    --d->depth;
+    const bool rolledBack = check(d->session->rollBack(d->depth));
+    if (!d->catalogChanged)
+        return rolledBack;
+    d->catalogChanged = d->depth > 0;
+    return rereadCatalog() && rolledBack;
+}
+
+int Connection::transactionDepth() const
+{
+    return d ? d->depth : 0;
+}
+
+bool Connection::completeIndexes(const schema::Definition& definition)
+{
+    if (!isOpen() || d->depth > 0)
+        return fail(stateError(u"この状態では索引を作成できません。"_s));
+    announceWrite();
+    return check(d->session->completeIndexes(definition));
+}
+
+const schema::Catalog& Connection::catalog() const
+{
+    static const schema::Catalog none;
+    return d ? d->catalog : none;
+}
+
+bool Connection::rereadCatalog()
+{
+    schema::Catalog catalog;
+    if (auto error = d->session->readCatalog(&catalog))
+        return fail(*error);
+    d->catalog = std::move(catalog);
+    d->compiled.clear();
+    return true;
+}
+
+Error Connection::lastError() const
+{
+    return m_errors.isEmpty() ? Error() : m_errors.last();
+}
+
+bool Connection::fail(Error error)
+{
+    m_errors.append(std::move(error));
+    return false;
+}
+
+bool Connection::check(std::optional<Error> error)
+{
+    return !error || fail(std::move(*error));
+}
+
+engine::Session* Connection::session() const
+{
+    return d ? d->session.get() : nullptr;
+}
+
+void Connection::addUser(ConnectionUser* user)
+{
+    m_users.append(user);
+}
+
+void Connection::removeUser(ConnectionUser* user)
+{
+    m_users.removeAll(user);
+}
+
+void Connection::announceWrite()
+{
+    for (ConnectionUser* user : std::as_const(m_users))
+        user->beforeWrite();
+}
+
+} // namespace storage

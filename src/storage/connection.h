@@ -1,0 +1,109 @@
+#pragma once
+
+#include "storage/error.h"
+
+#include <QList>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+namespace storage {
+
+namespace engine {
+class Session;
+}
+namespace schema {
+class Catalog;
+struct Definition;
+} // namespace schema
+namespace sql {
+struct Compiled;
+}
+
+// How a data file is shared with other copies of the program.
+enum class Mode { ReadWrite = 3, ShareExclusive = 12 };
+
+// What reads from a connection and has to know what happens to it (the recordsets).
+class ConnectionUser {
+public:
+    virtual ~ConnectionUser() = default;
+    // Rows are about to change: whatever is still to be read has to be read now.
+    virtual void beforeWrite() = 0;
+    // The connection closes: nothing of it may be held any longer.
+    virtual void connectionClosing() = 0;
+};
+
+// One open data file. Nothing throws: a step that fails changes nothing, returns false and is
+// recorded in errors().
+class Connection {
+public:
+    Connection();
+    ~Connection(); // closes; an open transaction is rolled back
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    // Opens an existing data file and holds its lock file shared (ReadWrite) or exclusive
+    // (ShareExclusive) until close(). Never creates a file. Fails with Missing, InUse, Unreadable,
+    // ReadOnly, Busy, Full, Other, or State when a file is open already.
+    bool open(const QString& path, const QString& password, Mode mode = Mode::ReadWrite);
+    // Makes a new, encrypted data file of the definition and opens it exclusively. Fails with
+    // Exists when it or its "-journal" is there; a file that could not be finished is removed
+    // again.
+    bool create(const QString& path, const QString& password, const schema::Definition& definition);
+    // Recordsets that are open on it close, an open transaction is rolled back.
+    void close();
+    bool isOpen() const;
+    QString path() const;
+    Mode mode() const;
+
+    // Runs one statement. `affected` receives the number of rows written, 0 for a statement that
+    // writes none. Rows that a SELECT gives are dropped.
+    bool execute(const QString& statement, qint64* affected = nullptr);
+
+    // Transactions nest: the outermost takes the write lock at once (waiting up to ten seconds,
+    // then Busy), the inner ones are savepoints. A commit that fails rolls its level back.
+    bool begin();
+    bool commit();
+    bool rollBack();
+    int transactionDepth() const;
+
+    // Makes those indexes of the definition that the file lacks, as far as their columns are there;
+    // called after an upgrade.
+    bool completeIndexes(const schema::Definition& definition);
+
+    // The tables and columns of the open file as statements see them (names beginning with "_" are
+    // not among them); reread after a statement that changes them.
+    const schema::Catalog& catalog() const;
+
+    // What has failed since the last clearErrors(), oldest first.
+    const QList<Error>& errors() const { return m_errors; }
+    // The last recorded error; an empty one when there is none.
+    Error lastError() const;
+    void clearErrors() { m_errors.clear(); }
+    // Records a failure; used by Recordset and Transaction. Returns false, for `return fail(...)`.
+    bool fail(Error error);
+
+    // For the storage room alone.
+    // The engine's side; null while closed.
+    engine::Session* session() const;
+    // Compiles a statement for the open file; records why it is refused.
+    bool compile(const QString& statement, sql::Compiled* compiled);
+    // Who reads from the connection.
+    void addUser(ConnectionUser* user);
+    void removeUser(ConnectionUser* user);
+    // Tells the users that rows are about to change.
+    void announceWrite();
+
+private:
+    struct Private;
+    bool adopt(std::unique_ptr<Private> opened);
+    bool check(std::optional<Error> error); // records it, if there is one
+    bool rereadCatalog();
+
+    std::unique_ptr<Private> d;
+    QList<ConnectionUser*> m_users;
+    QList<Error> m_errors;
+};
+
+} // namespace storage

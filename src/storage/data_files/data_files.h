@@ -1,0 +1,31 @@
+#pragma once
+
+#include "storage/error.h"
+
+#include <QString>
+
+#include <optional>
+
+// Data files as things: each operation runs under the file's exclusive lock and gives the reason
+// when it fails, nullopt when it succeeded.
+namespace storage::data_files {
+
+// Whether the file is there.
+bool exists(const QString& path);
+// Copies a template to a new file. Exists when the file or its "-journal" is there.
+std::optional<Error> create(const QString& templatePath, const QString& path);
+// Gives the file a new name; a journal left by a crash is first rolled back into it. Missing when
+// the old file is not there, Exists when the new one is, InUse when a copy has it open.
+std::optional<Error> rename(const QString& from, const QString& to, const QString& password);
+// Removes the file and its journal.
+std::optional<Error> remove(const QString& path);
+// Compacts `source` into `target`, which must not be there; the cipher and its password stay. The
+// source is not touched.
+std::optional<Error> compact(const QString& source, const QString& target, const QString& password);
+// Compacts the file into `draft`, which must not be there, removes the file and gives the draft its
+// name, all under one lock, so that nothing written meanwhile is lost. When it fails after the
+// removal, the data is in the draft.
+std::optional<Error> compactInPlace(const QString& path, const QString& draft,
+                                    const QString& password);
+
+} // namespace storage::data_files

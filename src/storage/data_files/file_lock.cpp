@@ -1,0 +1,122 @@
+#include "storage/data_files/file_lock.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+#include <utility>
+
+namespace storage::data_files {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// By canonical path, so that two ways to one file meet at one lock. The file itself may be missing
+// yet, its folder not.
+QString lockPath(const QString& dataFile)
+{
+    const QFileInfo named(dataFile);
+    const QString canonical = named.canonicalFilePath();
+    const QFileInfo real(canonical.isEmpty() ? named.absoluteFilePath() : canonical);
+    const QString folder = QFileInfo(real.absolutePath()).canonicalFilePath();
+    return folder.isEmpty() ? QString() : folder + u'/' + real.completeBaseName() + u".ldb"_s;
+}
+
+Error inUse(LockKind wanted)
+{
+    return {ErrorKind::InUse,
+            wanted == LockKind::Exclusive
+                ? u"ファイルは他で使用中の為、排他モードで開くことができません。"_s
+                : u"ファイルは他で排他モードで使用中の為、開くことができません。"_s};
+}
+
+Error cannotMake(int systemError)
+{
+    switch (systemError) {
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return {ErrorKind::ReadOnly, u"ファイルのあるフォルダに書き込めません。"_s};
+    case ENOSPC:
+    case EDQUOT:
+        return {ErrorKind::Full, u"ディスクの空き容量が不足しています。"_s};
+    default:
+        return {ErrorKind::Other,
+                u"ロックファイルを作成できません。（"_s + qt_error_string(systemError) + u'）'};
+    }
+}
+
+// Waits for nobody; a signal that comes in between is no refusal.
+int tryLock(int descriptor, int operation)
+{
+    int result = 0;
+    do {
+        result = ::flock(descriptor, operation | LOCK_NB);
+    } while (result != 0 && errno == EINTR);
+    return result == 0 ? 0 : errno;
+}
+
+} // namespace
+
+std::optional<FileLock> FileLock::acquire(const QString& dataFile, LockKind kind, Error* error)
+{
+    const QString path = lockPath(dataFile);
+    if (path.isEmpty()) {
+        *error = {ErrorKind::Missing, u"ファイルのあるフォルダがみつかりません。"_s};
+        return {};
+    }
+    const QByteArray name = QFile::encodeName(path);
+    FileLock lock(::open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0666));
+    // Made by another user who may write it alone: reading is enough for a lock.
+    if (lock.m_descriptor < 0 && errno == EACCES)
+        lock.m_descriptor = ::open(name.constData(), O_RDONLY | O_CLOEXEC);
+    if (lock.m_descriptor < 0) {
+        *error = cannotMake(errno);
+        return {};
+    }
+    const int refused = tryLock(lock.m_descriptor, kind == LockKind::Exclusive ? LOCK_EX : LOCK_SH);
+    lock.m_held = refused == 0;
+    if (lock.m_held)
+        return lock;
+    *error = refused == EWOULDBLOCK ? inUse(kind) : cannotMake(refused);
+    return {};
+}
+
+bool FileLock::raise()
+{
+    if (tryLock(m_descriptor, LOCK_EX) == 0)
+        return true;
+    m_held = tryLock(m_descriptor, LOCK_SH) == 0; // a conversion gives the old lock up first
+    return false;
+}
+
+bool FileLock::lower()
+{
+    m_held = tryLock(m_descriptor, LOCK_SH) == 0;
+    return m_held;
+}
+
+FileLock::FileLock(FileLock&& other) noexcept
+    : m_descriptor(std::exchange(other.m_descriptor, -1)),
+      m_held(std::exchange(other.m_held, false))
+{
+}
+
+FileLock& FileLock::operator=(FileLock&& other) noexcept
+{
+    std::swap(m_descriptor, other.m_descriptor);
+    std::swap(m_held, other.m_held);
+    return *this;
+}
+
+FileLock::~FileLock()
+{
+    if (m_descriptor >= 0)
+        ::close(m_descriptor);
+}
+
+} // namespace storage::data_files

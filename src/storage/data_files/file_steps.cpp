@@ -1,0 +1,138 @@
+#include "storage/data_files/file_steps.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace storage::data_files {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A descriptor that closes itself.
+class Descriptor {
+public:
+    Descriptor(const QString& path, int flags)
+        : m_descriptor(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC, 0666))
+    {
+    }
+    ~Descriptor()
+    {
+        if (isOpen())
+            ::close(m_descriptor);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    bool isOpen() const { return m_descriptor >= 0; }
+    bool sync() const { return ::fsync(m_descriptor) == 0; }
+    bool write(QByteArrayView bytes) const
+    {
+        while (!bytes.isEmpty()) {
+            const ssize_t written =
+                ::write(m_descriptor, bytes.data(), static_cast<size_t>(bytes.size()));
+            if (written < 0 && errno != EINTR)
+                return false;
+            bytes = bytes.sliced(std::max<ssize_t>(written, 0));
+        }
+        return true;
+    }
+
+private:
+    int m_descriptor;
+};
+
+Error errorOf(int number)
+{
+    switch (number) {
+    case ENOENT:
+    case ENOTDIR:
+        return {ErrorKind::Missing, u"ファイルが見つかりません。"_s};
+    case EEXIST:
+        return {ErrorKind::Exists, u"同じ名前のファイルがあります。"_s};
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return {ErrorKind::ReadOnly, u"ファイルまたはフォルダーに書き込めません。"_s};
+    case ENOSPC:
+    case EDQUOT:
+        return {ErrorKind::Full, u"ディスクの空き容量が足りません。"_s};
+    default:
+        return {ErrorKind::Other, u"ファイルを操作できません。"_s + qt_error_string(number)};
+    }
+}
+
+// A new, renamed or removed name is kept over a power cut only when its folder is.
+std::optional<Error> syncFolderOf(const QString& path)
+{
+    const Descriptor folder(QFileInfo(path).absolutePath(), O_RDONLY | O_DIRECTORY);
+    // Some file systems cannot sync a folder; there is nothing better to do on them.
+    if (!folder.isOpen() || (!folder.sync() && errno != EINVAL))
+        return errorOf(errno);
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<Error> readFile(const QString& path, QByteArray* bytes)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return file.exists() ? Error{ErrorKind::Other, file.errorString()} : errorOf(ENOENT);
+    }
+    *bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        return Error{ErrorKind::Other, file.errorString()};
+    return std::nullopt;
+}
+
+std::optional<Error> writeNewFile(const QString& path, const QByteArray& bytes)
+{
+    const Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL);
+    if (!file.isOpen())
+        return errorOf(errno);
+    if (!file.write(bytes) || !file.sync()) {
+        const int number = errno;
+        QFile::remove(path);
+        return errorOf(number);
+    }
+    return syncFolderOf(path);
+}
+
+std::optional<Error> moveFile(const QString& from, const QString& to)
+{
+    const QByteArray source = QFile::encodeName(from);
+    const QByteArray target = QFile::encodeName(to);
+    int result =
+        ::renameat2(AT_FDCWD, source.constData(), AT_FDCWD, target.constData(), RENAME_NOREPLACE);
+    if (result != 0 && (errno == EINVAL || errno == ENOSYS)) { // a file system without it
+        if (QFileInfo::exists(to))
+            return errorOf(EEXIST);
+        result = ::rename(source.constData(), target.constData());
+    }
+    if (result != 0)
+        return errorOf(errno);
+    return syncFolderOf(to);
+}
+
+std::optional<Error> removeFile(const QString& path)
+{
+    if (::unlink(QFile::encodeName(path).constData()) != 0)
+        return errorOf(errno);
+    return syncFolderOf(path);
+}
+
+std::optional<Error> syncFile(const QString& path)
+{
+    const Descriptor file(path, O_RDONLY);
+    if (!file.isOpen() || !file.sync())
+        return errorOf(errno);
+    return syncFolderOf(path);
+}
+
+} // namespace storage::data_files

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "storage/engine/row_buffer.h"
+#include "storage/error.h"
+#include "storage/schema/catalog.h"
+#include "storage/schema/definitions.h"
+#include "storage/sql/compile.h"
+#include "storage/sql/dialect.h"
+#include "storage/value.h"
+
+#include <memory>
+#include <optional>
+
+// What an engine must give. Failures come back as an Error in engine-neutral kinds, nullopt is
+// success.
+namespace storage::engine {
+
+// The rows of one prepared statement, read forward.
+class Cursor {
+public:
+    enum class Step { Row, Done, Failed };
+
+    virtual ~Cursor() = default;
+    virtual Step step() = 0;
+    virtual int columnCount() const = 0;
+    // The current row's value; the column type tells date-times from texts.
+    virtual Value value(int column, schema::ColumnType type) const = 0;
+    // Adds the current row's first `columns` values to the buffer.
+    virtual void takeRow(int columns, RowBuffer* rows) const = 0;
+    // Why the last step failed.
+    virtual Error error() const = 0;
+};
+
+class Session {
+public:
+    virtual ~Session() = default;
+
+    virtual const sql::Dialect& dialect() const = 0;
+    virtual std::unique_ptr<Cursor> prepare(const sql::Emitted& statement, Error* error) = 0;
+    virtual std::optional<Error> run(const sql::Emitted& statement, qint64* affected) = 0;
+    // The address of the row that this session inserted last.
+    virtual qint64 lastRowAddress() const = 0;
+
+    // `depth` is 0 for the outermost transaction, which takes the write lock at once, and counts up
+    // for savepoints. After a failure that undid the whole transaction every statement fails until
+    // the outermost level is rolled back. A commit that fails leaves that level open.
+    virtual std::optional<Error> begin(int depth) = 0;
+    virtual std::optional<Error> commit(int depth) = 0;
+    virtual std::optional<Error> rollBack(int depth) = 0;
+
+    // The tables of the file, those whose names begin with "_" left out.
+    virtual std::optional<Error> readCatalog(schema::Catalog* catalog) = 0;
+    // Makes all tables, indexes and first rows of a new file.
+    virtual std::optional<Error> create(const schema::Definition& definition) = 0;
+    // Makes those indexes of the definition that are missing and whose columns are all there; those
+    // over folds and keys only while the file's text versions are this program's.
+    virtual std::optional<Error> completeIndexes(const schema::Definition& definition) = 0;
+
+    // True when the file's indexes were made by other versions of fold and collator than this
+    // program's, or are left out for that reason.
+    virtual bool hasForeignTextIndexes() const = 0;
+    // As the only copy that has the file open: makes those indexes anew. Otherwise drops them, so
+    // that every copy sorts without them and no copy reads what another version wrote.
+    virtual std::optional<Error> renewTextIndexes(bool onlyCopy) = 0;
+
+    // Writes a compacted copy with the same cipher and password; `path` must not be there.
+    virtual std::optional<Error> compactInto(const QString& path) = 0;
+};
+
+// The embedded engine. The caller holds the file's lock (data_files/file_lock.h).
+// Opens an existing data file, and rolls back what a crash left half written; never creates one.
+// Fails with Missing, ReadOnly, Busy or Unreadable.
+std::unique_ptr<Session> openEmbedded(const QString& path, const QString& password, Error* error);
+// Makes a new, empty, encrypted file and opens it; fails with Exists when it or its journal is
+// there. It is no data file before create().
+std::unique_ptr<Session> createEmbedded(const QString& path, const QString& password, Error* error);
+
+} // namespace storage::engine

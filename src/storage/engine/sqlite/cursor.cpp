@@ -1,0 +1,139 @@
+#include "storage/engine/sqlite/cursor.h"
+
+#include "storage/engine/sqlite/error.h"
+
+#include <sqlite3.h>
+
+namespace storage::engine::sqlite {
+
+namespace {
+
+int bindBytes(sqlite3_stmt* statement, int index, const QByteArray& bytes)
+{
+    return sqlite3_bind_blob64(statement, index, bytes.constData(),
+                               static_cast<sqlite3_uint64>(bytes.size()), SQLITE_TRANSIENT);
+}
+
+// With its length, so that a NUL inside a text does not end it.
+int bindText(sqlite3_stmt* statement, int index, const QString& text)
+{
+    const QByteArray utf8 = text.toUtf8();
+    return sqlite3_bind_text64(statement, index, utf8.constData(),
+                               static_cast<sqlite3_uint64>(utf8.size()), SQLITE_TRANSIENT,
+                               SQLITE_UTF8);
+}
+
+int bindValue(sqlite3_stmt* statement, int index, const Value& value)
+{
+    switch (value.type()) {
+    case ValueType::Null:
+        return sqlite3_bind_null(statement, index);
+    case ValueType::Integer:
+        return sqlite3_bind_int64(statement, index, value.toInteger());
+    case ValueType::Real:
+        return sqlite3_bind_double(statement, index, value.toReal());
+    case ValueType::Text:
+    case ValueType::DateTime:
+        break;
+    }
+    return bindText(statement, index, value.toText());
+}
+
+std::string_view textAt(sqlite3_stmt* statement, int column)
+{
+    const void* bytes = sqlite3_column_text(statement, column);
+    return {static_cast<const char*>(bytes),
+            static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
+}
+
+} // namespace
+
+void StatementDeleter::operator()(sqlite3_stmt* statement) const
+{
+    sqlite3_finalize(statement);
+}
+
+Statement prepare(sqlite3* handle, const sql::Emitted& statement)
+{
+    const QByteArray utf8 = statement.text.toUtf8();
+    sqlite3_stmt* raw = nullptr;
+    if (sqlite3_prepare_v2(handle, utf8.constData(), static_cast<int>(utf8.size()), &raw, nullptr)
+        != SQLITE_OK)
+        return {};
+    Statement prepared(raw);
+    int index = 0;
+    for (const sql::Parameter& parameter : statement.parameters) {
+        ++index;
+        const auto* value = std::get_if<Value>(&parameter);
+        const int code = value ? bindValue(raw, index, *value)
+                               : bindBytes(raw, index, std::get<QByteArray>(parameter));
+        if (code != SQLITE_OK)
+            return {};
+    }
+    return prepared;
+}
+
+SqliteCursor::SqliteCursor(sqlite3* handle, Statement statement)
+    : m_handle(handle),
+      m_statement(std::move(statement)),
+      m_columnCount(sqlite3_column_count(m_statement.get()))
+{
+}
+
+Cursor::Step SqliteCursor::step()
+{
+    switch (sqlite3_step(m_statement.get())) {
+    case SQLITE_ROW:
+        return Step::Row;
+    case SQLITE_DONE:
+        // A statement left at its end would keep its read lock and start anew when stepped again.
+        sqlite3_reset(m_statement.get());
+        return Step::Done;
+    default:
+        m_error = lastError(m_handle);
+        sqlite3_reset(m_statement.get());
+        return Step::Failed;
+    }
+}
+
+Value SqliteCursor::value(int column, schema::ColumnType type) const
+{
+    sqlite3_stmt* statement = m_statement.get();
+    switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_INTEGER:
+        return Value(qint64{sqlite3_column_int64(statement, column)});
+    case SQLITE_FLOAT:
+        return Value(sqlite3_column_double(statement, column));
+    case SQLITE_NULL:
+        return {};
+    default:
+        break;
+    }
+    const std::string_view bytes = textAt(statement, column);
+    QString text = QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    if (type == schema::ColumnType::DateTime)
+        return Value::fromDateTimeText(std::move(text));
+    return Value(std::move(text));
+}
+
+void SqliteCursor::takeRow(int columns, RowBuffer* rows) const
+{
+    sqlite3_stmt* statement = m_statement.get();
+    for (int column = 0; column < columns; ++column) {
+        switch (sqlite3_column_type(statement, column)) {
+        case SQLITE_INTEGER:
+            rows->addInteger(sqlite3_column_int64(statement, column));
+            break;
+        case SQLITE_FLOAT:
+            rows->addReal(sqlite3_column_double(statement, column));
+            break;
+        case SQLITE_NULL:
+            rows->addNull();
+            break;
+        default:
+            rows->addText(textAt(statement, column));
+        }
+    }
+}
+
+} // namespace storage::engine::sqlite

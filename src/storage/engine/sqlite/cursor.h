@@ -1,0 +1,37 @@
+#pragma once
+
+#include "storage/engine/engine.h"
+
+#include <memory>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace storage::engine::sqlite {
+
+struct StatementDeleter {
+    void operator()(sqlite3_stmt* statement) const;
+};
+using Statement = std::unique_ptr<sqlite3_stmt, StatementDeleter>;
+
+// A prepared statement with its parameters bound; null when the engine refuses it.
+Statement prepare(sqlite3* handle, const sql::Emitted& statement);
+
+class SqliteCursor final : public Cursor {
+public:
+    SqliteCursor(sqlite3* handle, Statement statement);
+
+    Step step() override;
+    int columnCount() const override { return m_columnCount; }
+    Value value(int column, schema::ColumnType type) const override;
+    void takeRow(int columns, RowBuffer* rows) const override;
+    Error error() const override { return m_error; }
+
+private:
+    sqlite3* m_handle;
+    Statement m_statement;
+    int m_columnCount;
+    Error m_error;
+};
+
+} // namespace storage::engine::sqlite

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "storage/sql/dialect.h"
+
+namespace storage::engine::sqlite {
+
+// Fold, key, Like, joined texts and stamps are functions of our own (functions.h).
+class SqliteDialect final : public sql::Dialect {
+public:
+    QString name(const QString& identifier) const override;
+    QString fold(const QString& expression) const override;
+    QString key(const QString& expression) const override;
+    QString like(const QStringList& parts, const QString& pattern) const override;
+    QString join(const QStringList& parts) const override;
+    QString nextStamp(const QString& old, const QString& written) const override;
+    QString rowAddress(const schema::Table& table, const QString& alias) const override;
+    QString window(qint64 limit, qint64 offset) const override;
+    // The declared type says what readCatalog() has to know; what a column must not hold is a
+    // check.
+    QString columnDefinition(const schema::Column& column, bool isKey) const override;
+};
+
+// The reverse of columnDefinition(): type and length by a declared type.
+schema::Column columnFromDeclaration(const QString& name, const QString& declaredType,
+                                     bool isAutoNumber);
+
+} // namespace storage::engine::sqlite

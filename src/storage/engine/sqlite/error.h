@@ -1,0 +1,17 @@
+#pragma once
+
+#include "storage/error.h"
+
+#include <QString>
+
+struct sqlite3;
+
+namespace storage::engine::sqlite {
+
+// What the engine said last, as an engine-neutral kind with a message for the user.
+Error lastError(sqlite3* handle);
+
+// An error of the kind; `detail` stands behind the kind's own message.
+Error makeError(ErrorKind kind, const QString& detail = {});
+
+} // namespace storage::engine::sqlite

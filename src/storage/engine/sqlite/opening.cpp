@@ -1,0 +1,214 @@
+#include "storage/engine/sqlite/cursor.h"
+#include "storage/engine/sqlite/error.h"
+#include "storage/engine/sqlite/functions.h"
+#include "storage/engine/sqlite/meta.h"
+#include "storage/engine/sqlite/session.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <sqlite3.h>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace storage::engine {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using sqlite::makeError;
+
+constexpr int BusyTimeoutMs = 10000;
+
+// One file that can be copied at any moment when no copy of the program writes; sorts stay in
+// memory, so that nothing of an encrypted file reaches the disk in the clear. The cache is in KiB.
+const QStringList Settings = {
+    u"PRAGMA journal_mode = DELETE"_s, u"PRAGMA synchronous = FULL"_s,
+    u"PRAGMA temp_store = MEMORY"_s,   u"PRAGMA cache_size = -32768"_s,
+    u"PRAGMA foreign_keys = OFF"_s,    u"PRAGMA cell_size_check = ON"_s,
+};
+const QString ReadMeta = u"SELECT name, value FROM "_s + sqlite::meta::Table;
+
+// A file may come from anywhere: its schema gets no powers beyond tables, indexes and our
+// functions.
+bool restrict(sqlite3* handle)
+{
+    int ignored = 0;
+    return sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, &ignored) == SQLITE_OK
+        && sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, &ignored) == SQLITE_OK
+        && sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, &ignored) == SQLITE_OK
+        && sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_VIEW, 0, &ignored) == SQLITE_OK;
+}
+
+bool setKey(sqlite3* handle, const QString& password)
+{
+    const QByteArray key = password.toUtf8();
+    return sqlite3mc_config(handle, "cipher", sqlite3mc_cipher_index("aegis")) > 0
+        && sqlite3_key_v2(handle, "main", key.constData(), static_cast<int>(key.size()))
+        == SQLITE_OK;
+}
+
+// What the file is called is not enough: an engine that may not write falls back to reading.
+bool isWritable(sqlite3* handle, const QFileInfo& file)
+{
+    const QByteArray folder = QFile::encodeName(file.canonicalPath());
+    return sqlite3_db_readonly(handle, "main") == 0 && access(folder.constData(), W_OK) == 0;
+}
+
+sqlite::Handle openHandle(const QFileInfo& file, const QString& password, Error* error)
+{
+    sqlite3* raw = nullptr;
+    const int code = sqlite3_open_v2(file.absoluteFilePath().toUtf8().constData(), &raw,
+                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr);
+    sqlite::Handle handle(raw);
+    if (code != SQLITE_OK) {
+        *error = raw ? sqlite::lastError(raw) : makeError(ErrorKind::Other);
+        return {};
+    }
+    if (!isWritable(raw, file)) {
+        *error = makeError(ErrorKind::ReadOnly);
+        return {};
+    }
+    sqlite3_busy_timeout(raw, BusyTimeoutMs);
+    if (!restrict(raw) || !sqlite::registerFunctions(raw) || !setKey(raw, password)) {
+        *error = sqlite::lastError(raw);
+        return {};
+    }
+    return handle;
+}
+
+bool runAll(sqlite3* handle, const QStringList& statements)
+{
+    for (const QString& statement : statements) {
+        const auto prepared = sqlite::prepare(handle, {statement, {}});
+        if (!prepared)
+            return false;
+        int code = sqlite3_step(prepared.get());
+        while (code == SQLITE_ROW)
+            code = sqlite3_step(prepared.get());
+        if (code != SQLITE_DONE)
+            return false;
+    }
+    return true;
+}
+
+std::optional<qint64> readNumber(sqlite3* handle, const QString& statement)
+{
+    const auto prepared = sqlite::prepare(handle, {statement, {}});
+    if (!prepared || sqlite3_step(prepared.get()) != SQLITE_ROW)
+        return {};
+    return sqlite3_column_int64(prepared.get(), 0);
+}
+
+// The engine itself misses a file that ends inside its last page until it reads that page.
+bool isWhole(sqlite3* handle, const QFileInfo& file)
+{
+    const auto pages = readNumber(handle, u"PRAGMA page_count"_s);
+    const auto pageSize = readNumber(handle, u"PRAGMA page_size"_s);
+    return pages && pageSize && *pages > 0
+        && QFileInfo(file.absoluteFilePath()).size() >= *pages * *pageSize;
+}
+
+std::optional<QString> readTextVersion(sqlite3* handle)
+{
+    sqlite::Statement rows = sqlite::prepare(handle, {ReadMeta, {}});
+    if (!rows)
+        return {};
+    sqlite::SqliteCursor cursor(handle, std::move(rows));
+    QString format;
+    QString version;
+    Cursor::Step step = cursor.step();
+    for (; step == Cursor::Step::Row; step = cursor.step()) {
+        const QString name = cursor.value(0, schema::ColumnType::Text).toText();
+        const QString value = cursor.value(1, schema::ColumnType::Text).toText();
+        if (name == sqlite::meta::Format)
+            format = value;
+        else if (name == sqlite::meta::TextVersion)
+            version = value;
+    }
+    if (step == Cursor::Step::Failed || format != sqlite::meta::CurrentFormat)
+        return {};
+    return version;
+}
+
+// Makes sure that this is a whole data file that the key opens, and gives the version of its text
+// indexes. One read transaction, so that no other copy changes the file's size meanwhile.
+std::optional<QString> inspect(sqlite3* handle, const QFileInfo& file)
+{
+    if (!runAll(handle, Settings) || !runAll(handle, {u"BEGIN"_s}))
+        return {};
+    const std::optional<QString> version = readTextVersion(handle);
+    if (!version || !isWhole(handle, file) || !runAll(handle, {u"COMMIT"_s}))
+        return {};
+    return version;
+}
+
+// Whatever stands against reading is the one message, but what has nothing to do with its content.
+Error openingError(sqlite3* handle)
+{
+    const Error error = sqlite::lastError(handle);
+    switch (error.kind) {
+    case ErrorKind::Busy:
+    case ErrorKind::ReadOnly:
+    case ErrorKind::Full:
+        return error;
+    default:
+        return makeError(ErrorKind::Unreadable);
+    }
+}
+
+} // namespace
+
+std::unique_ptr<Session> openEmbedded(const QString& path, const QString& password, Error* error)
+{
+    const QFileInfo file(path);
+    if (!file.exists()) {
+        *error = makeError(ErrorKind::Missing);
+        return {};
+    }
+    if (!file.isFile() || file.size() == 0) {
+        *error = makeError(ErrorKind::Unreadable);
+        return {};
+    }
+    sqlite::Handle handle = openHandle(file, password, error);
+    if (!handle)
+        return {};
+    const std::optional<QString> version = inspect(handle.get(), file);
+    if (!version) {
+        *error = openingError(handle.get());
+        return {};
+    }
+    return std::make_unique<sqlite::SqliteSession>(std::move(handle),
+                                                   *version != sqlite::meta::ownTextVersion());
+}
+
+std::unique_ptr<Session> createEmbedded(const QString& path, const QString& password, Error* error)
+{
+    if (QFile::exists(path + u"-journal"_s)) {
+        *error = makeError(ErrorKind::Exists);
+        return {};
+    }
+    const int descriptor =
+        ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (descriptor < 0) {
+        *error = makeError(errno == EEXIST       ? ErrorKind::Exists
+                               : errno == ENOENT ? ErrorKind::Missing
+                               : errno == ENOSPC ? ErrorKind::Full
+                                                 : ErrorKind::ReadOnly);
+        return {};
+    }
+    ::close(descriptor);
+    sqlite::Handle handle = openHandle(QFileInfo(path), password, error);
+    if (handle && runAll(handle.get(), Settings))
+        return std::make_unique<sqlite::SqliteSession>(std::move(handle), false);
+    if (handle)
+        *error = sqlite::lastError(handle.get());
+    handle.reset();
+    QFile::remove(path);
+    return {};
+}
+
+} // namespace storage::engine

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "storage/value.h"
+
+#include <QStringView>
+
+#include <memory>
+
+namespace storage {
+
+class Connection;
+
+enum class CursorType { ForwardOnly = 0, Keyset = 1, Dynamic = 2, Static = 3 };
+enum class LockType { ReadOnly = 1, Pessimistic = 2, Optimistic = 3 };
+
+// The rows of a statement or of a table, one current row at a time. A step that fails returns
+// false, changes nothing and is recorded in the connection's errors; after a failed move there is
+// no current row, so that a walk over all rows ends.
+//
+// Without a page size the rows are read forward from the engine as they are moved to; a result of
+// more than a few dozen rows keeps other copies from writing until it is read to its end or closed.
+// With a page size, a window of `cacheSize` rows (the page size unless told otherwise) is read at a
+// time and nothing is held open in between, so that any page of a long list costs the rows of that
+// page.
+//
+// Before rows are changed through the connection, what is still to be read of open recordsets is
+// taken into memory: a walk over rows that changes them sees each row once, as it was.
+class Recordset {
+public:
+    Recordset();
+    ~Recordset(); // closes; a row that was not updated is dropped
+    Recordset(const Recordset&) = delete;
+    Recordset& operator=(const Recordset&) = delete;
+
+    // Opens on a SELECT statement or on a table's name and stands on the first row, if any; what
+    // was open before is closed. With LockType::Optimistic the rows can be changed when they come
+    // from one table. A table opened by name for changes is not read before a row is asked for.
+    bool open(const QString& source, Connection& connection,
+              CursorType cursor = CursorType::ForwardOnly, LockType lock = LockType::ReadOnly);
+    void close(); // the page and cache sizes stay
+    bool isOpen() const;
+
+    // True at the end, after a failed move, and while closed.
+    bool eof() const;
+    // Steps to the next row; false at the end (eof() is then true) and on failure. A row that was
+    // changed but not updated goes back to what it was; from a new row the next one is the end.
+    bool moveNext();
+    bool moveFirst();
+
+    int fieldCount() const;
+    QString fieldName(int index) const;
+    // The index of a field by its name, looked up as statements look names up (width and case do
+    // not matter), or by "table.column" where a result has one bare name twice; -1 when there is
+    // none.
+    int fieldIndex(QStringView name) const;
+    // The current row's value; Null (and an error, for a name) when there is no such field or row.
+    Value value(int index) const;
+    Value value(QStringView name) const;
+    QString text(QStringView name) const { return value(name).toText(); }
+
+    // Changing: addNew() stands on a fresh row with all fields Null, setValue() changes the row in
+    // memory, update() writes it and reads it again, so that an auto-number, the time stamp and
+    // converted values can be read from their fields. A value that does not fit its column is
+    // refused by setValue() with Type. update() and deleteRow() of an existing row fail with Gone
+    // when its 更新日時 is no longer what was read, or the row is no longer there. A new 更新日時
+    // is written at least one millisecond after the old one.
+    bool addNew();
+    bool setValue(QStringView name, const Value& value);
+    bool update();
+    void cancelUpdate();
+    // Afterwards there is no current row until moveNext(), which goes to the one behind it.
+    bool deleteRow();
+
+    // How many rows the statement gives, counted by the engine; -1 on failure.
+    qint64 recordCount();
+
+    // Pages, from 1. Set the page size before open() so that only that window is read.
+    void setPageSize(int rows);
+    int pageSize() const;
+    qint64 pageCount();          // 0 without rows or page size, -1 on failure
+    qint64 absolutePage() const; // 0 without a row or page size
+    // False without an error when the result has no such page; eof() is then true.
+    bool setAbsolutePage(qint64 page);
+    // Rows from 1; used with a cache size to read any stretch of a long result.
+    void setCacheSize(int rows);
+    qint64 absolutePosition() const; // 0 without a row
+    // As setAbsolutePage, for a row.
+    bool setAbsolutePosition(qint64 row);
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+} // namespace storage

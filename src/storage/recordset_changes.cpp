@@ -1,0 +1,230 @@
+#include "storage/column_value.h"
+#include "storage/recordset_private.h"
+#include "storage/transaction.h"
+
+#include <algorithm>
+
+namespace storage {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString StampColumn = u"更新日時"_s;
+
+Error goneError()
+{
+    return {ErrorKind::Gone, u"データは他で変更または削除されています。"_s};
+}
+
+} // namespace
+
+bool Recordset::addNew()
+{
+    if (!d->canChange())
+        return false;
+    d->forgetChanges();
+    d->newRow.assign(static_cast<std::size_t>(d->fields.count()), Value());
+    d->stand = Stand::NewRow;
+    return true;
+}
+
+bool Recordset::setValue(QStringView name, const Value& value)
+{
+    if (!d->canChange())
+        return false;
+    d->readIfUnread();
+    if (d->stand == Stand::End || d->stand == Stand::Deleted)
+        return d->fail(ErrorKind::State, u"現在の行がありません。"_s);
+    const int field = fieldIndex(name);
+    const schema::Column* column = d->columnOf(field);
+    if (!column) {
+        return d->fail(ErrorKind::Name,
+                       u"フィールド「"_s + name.toString() + u"」がみつかりません。"_s);
+    }
+    const std::optional<Value> fitting = fitColumn(value, *column);
+    const bool renumbers =
+        column->type == schema::ColumnType::AutoNumber && d->stand != Stand::NewRow;
+    if (!fitting || renumbers) {
+        return d->fail(ErrorKind::Type, u"「"_s + column->name + u"」に入れられない値です。"_s);
+    }
+    d->changes[static_cast<std::size_t>(field)] = *fitting;
+    d->hasChanges = true;
+    return true;
+}
+
+bool Recordset::update()
+{
+    if (!d->canChange())
+        return false;
+    if (d->stand == Stand::NewRow)
+        return d->append();
+    return !d->hasChanges || d->change();
+}
+
+void Recordset::cancelUpdate()
+{
+    d->forgetChanges();
+    if (d->stand != Stand::NewRow)
+        return;
+    if (d->reader->hasRow())
+        d->stand = Stand::Row;
+    else
+        d->stand = d->reader->position() < 0 ? Stand::Unread : Stand::End;
+}
+
+bool Recordset::deleteRow()
+{
+    if (!d->canChange())
+        return false;
+    d->readIfUnread();
+    if (d->stand != Stand::Row && d->stand != Stand::Written)
+        return d->fail(ErrorKind::State, u"現在の行がありません。"_s);
+    return d->remove();
+}
+
+bool Recordset::Private::canChange() const
+{
+    return connection
+        && (!table.name().isEmpty() || fail(ErrorKind::State, u"この行は変更できません。"_s));
+}
+
+void Recordset::Private::findTableColumns()
+{
+    tableColumns.clear();
+    if (table.name().isEmpty())
+        return;
+    for (const sql::ResultColumn& column : std::as_const(compiled.columns))
+        tableColumns.push_back(column.table.isEmpty() ? -1 : table.indexOf(column.name));
+}
+
+const schema::Column* Recordset::Private::columnOf(int field) const
+{
+    const int column = field < 0 ? -1 : tableColumns[static_cast<std::size_t>(field)];
+    return column < 0 ? nullptr : &table.columns().at(column);
+}
+
+// Nothing when the rows bear no stamp, or none was read.
+std::optional<Value> Recordset::Private::readStamp() const
+{
+    const int column = table.indexOf(StampColumn);
+    const auto field = std::ranges::find(tableColumns, column);
+    if (column < 0 || field == tableColumns.end())
+        return {};
+    return storedValue(static_cast<int>(field - tableColumns.begin()));
+}
+
+QList<std::pair<QString, Value>> Recordset::Private::changedValues() const
+{
+    QList<std::pair<QString, Value>> values;
+    for (int field = 0; field < fields.count(); ++field) {
+        if (const auto& changed = changes[static_cast<std::size_t>(field)])
+            values.append({columnOf(field)->name, *changed});
+    }
+    return values;
+}
+
+std::vector<Value> Recordset::Private::changedRow() const
+{
+    std::vector<Value> row;
+    for (int field = 0; field < fields.count(); ++field) {
+        const auto& changed = changes[static_cast<std::size_t>(field)];
+        row.push_back(changed ? *changed : storedValue(field));
+    }
+    row.push_back(stand == Stand::NewRow ? Value() : address());
+    return row;
+}
+
+bool Recordset::Private::append()
+{
+    // Written and read again as one step; inside a transaction the caller's own undoes both.
+    std::optional<Transaction> own;
+    if (connection->transactionDepth() == 0 && !own.emplace(*connection).isActive())
+        return false;
+    engine::Session& session = *connection->session();
+    if (!writeOne(sql::insertRow({table.name(), changedValues()}, table, session.dialect())))
+        return false;
+    std::vector<Value> row = changedRow();
+    row.back() = Value(session.lastRowAddress());
+    if (!readAgain(&row) || (own && !own->commit()))
+        return false;
+    newRow = std::move(row);
+    forgetChanges();
+    stand = Stand::Written;
+    return true;
+}
+
+bool Recordset::Private::change()
+{
+    std::optional<Transaction> own;
+    if (connection->transactionDepth() == 0 && !own.emplace(*connection).isActive())
+        return false;
+    const auto& dialect = connection->session()->dialect();
+    std::vector<Value> row = changedRow();
+    if (!writeOne(sql::updateRow({table.name(), changedValues()}, table, row.back(), readStamp(),
+                                 dialect)))
+        return false;
+    if (!readAgain(&row) || (own && !own->commit()))
+        return false;
+    if (stand == Stand::Row)
+        reader->replaceRow(row);
+    else
+        newRow = std::move(row);
+    forgetChanges();
+    return true;
+}
+
+bool Recordset::Private::remove()
+{
+    const auto& dialect = connection->session()->dialect();
+    if (!writeOne(sql::deleteRow(table, address(), readStamp(), dialect)))
+        return false;
+    forgetChanges();
+    if (stand == Stand::Row)
+        reader->removeRow();
+    stand = stand == Stand::Row ? Stand::Deleted : Stand::End;
+    return true;
+}
+
+// Runs a statement that is to write one row; Gone when it wrote none.
+bool Recordset::Private::writeOne(const sql::Emitted& statement) const
+{
+    connection->announceWrite();
+    qint64 affected = 0;
+    if (const auto error = connection->session()->run(statement, &affected))
+        return fail(*error);
+    return affected > 0 || fail(goneError());
+}
+
+// Puts the row as it is in the file now in the place of what was written: with its auto-number and
+// its stamp. Fields that no column stands behind keep their values.
+bool Recordset::Private::readAgain(std::vector<Value>* row) const
+{
+    const auto& dialect = connection->session()->dialect();
+    const QString tableName = dialect.name(table.name());
+    QStringList columns;
+    for (int field = 0; field < fields.count(); ++field) {
+        const schema::Column* column = columnOf(field);
+        columns += column ? dialect.name(column->name) : u"NULL"_s;
+    }
+    Error error;
+    const auto cursor = connection->session()->prepare(
+        {u"SELECT "_s + columns.join(u", "_s) + u" FROM "_s + tableName + u" WHERE "_s
+             + dialect.rowAddress(table, tableName) + u" = ?"_s,
+         {row->back()}},
+        &error);
+    if (!cursor)
+        return fail(error);
+    const engine::Cursor::Step step = cursor->step();
+    if (step != engine::Cursor::Step::Row)
+        return fail(step == engine::Cursor::Step::Failed ? cursor->error() : goneError());
+    for (int field = 0; field < fields.count(); ++field) {
+        if (columnOf(field)) {
+            (*row)[static_cast<std::size_t>(field)] =
+                cursor->value(field, compiled.columns.at(field).type);
+        }
+    }
+    return true;
+}
+
+} // namespace storage

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "storage/schema/catalog.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace storage::sql {
+
+// How one engine spells what the emitter needs. All arguments and results are finished expressions
+// in the engine's language, which may stand in any order and more than once: parameters are
+// numbered.
+class Dialect {
+public:
+    virtual ~Dialect() = default;
+
+    // A parameter by its number, from 1.
+    virtual QString parameter(qsizetype number) const
+    {
+        return QChar(u'?') + QString::number(number);
+    }
+    virtual QString name(const QString& identifier) const = 0; // quoted
+    // The folded text and the sort key of an expression.
+    virtual QString fold(const QString& expression) const = 0;
+    virtual QString key(const QString& expression) const = 0;
+    // Like over the texts of `parts` joined one after the other (Null as empty text); one part
+    // alone gives Null for Null.
+    virtual QString like(const QStringList& parts, const QString& pattern) const = 0;
+    // Texts joined, Null as empty text.
+    virtual QString join(const QStringList& parts) const = 0;
+    // The later of `written` and one millisecond after `old`, both date-time texts.
+    virtual QString nextStamp(const QString& old, const QString& written) const = 0;
+    // The address of a row of the table (or of its alias in a statement).
+    virtual QString rowAddress(const schema::Table& table, const QString& alias) const = 0;
+    // "limit n offset m".
+    virtual QString window(qint64 limit, qint64 offset) const = 0;
+    // A column as it stands in CREATE TABLE and ALTER TABLE ADD COLUMN.
+    virtual QString columnDefinition(const schema::Column& column, bool isKey) const = 0;
+};
+
+} // namespace storage::sql

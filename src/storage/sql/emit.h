@@ -1,0 +1,74 @@
+#pragma once
+
+#include "storage/sql/bound.h"
+#include "storage/sql/dialect.h"
+#include "text/collate.h"
+
+namespace storage::sql {
+
+// Writes one bound statement in an engine's language. Each value becomes a parameter; names are
+// quoted and, where there are several tables, qualified.
+class Emitter {
+public:
+    explicit Emitter(const Dialect& dialect) : m_dialect(dialect) {}
+
+    // The rows; `withAddress` adds the row's address as one more column.
+    Emitted rows(const bound::Select& select, bool withAddress);
+    // The same by the page; nothing when the rows have no order, or are not rows of tables.
+    std::optional<PageStatement> page(const bound::Select& select, bool withAddress);
+    // How many rows there are: without order, and without what only shapes the columns.
+    Emitted count(const bound::Select& select);
+    Emitted change(const bound::Insert& insert);
+    Emitted change(const bound::Update& update);
+    Emitted change(const bound::Delete& deletion);
+    Emitted change(const bound::AddColumn& addition);
+    Emitted change(const bound::DropTable& drop);
+
+private:
+    using Columns = std::vector<bound::Source>;
+
+    // emit.cpp
+    QString select(const bound::Select& select, bool withAddress);
+    QString parts(const bound::Select& select, bool numbered, bool withAddress);
+    QString part(const bound::SelectPart& part, bool numbered, bool withAddress);
+    QStringList outputs(const bound::SelectPart& part, bool numbered);
+    QString fromWhere(const bound::SelectPart& part, const QString& more = QString());
+    QString from(const bound::From& from);
+    QString term(const bound::FromTerm& term);
+    QString order(const bound::Select& select, bool numbered);
+
+    // emit_expression.cpp
+    QString value(const bound::Expression& expression);
+    QString folded(const bound::Expression& expression);
+    QString inForm(bound::Form form, const bound::Expression& expression);
+    QStringList values(const std::vector<bound::ExpressionPtr>& expressions);
+    QString parameter(Parameter value);
+    QString range(const QString& expression, const text::FoldRange& bounds);
+    QString range(const QString& expression, CodePointRange characters);
+    QString column(const bound::Column& column);
+    QString node(const bound::Literal& node);
+    QString node(const bound::Column& node);
+    QString node(const bound::Concatenation& node);
+    QString node(const bound::AsText& node);
+    QString node(const bound::Arithmetic& node);
+    QString node(const bound::Negative& node);
+    QString node(const bound::Comparison& node);
+    QString node(const bound::Between& node);
+    QString node(const bound::In& node);
+    QString node(const bound::Like& node);
+    QString node(const bound::BeginsWith& node);
+    QString node(const bound::IsNull& node);
+    QString node(const bound::Not& node);
+    QString node(const bound::Logic& node);
+    QString node(const bound::Aggregate& node);
+
+    Emitted finished(QString text);
+
+    const Dialect& m_dialect;
+    QList<Parameter> m_parameters;
+    const Columns* m_sources = nullptr;        // what columns stand for now
+    const bound::SelectPart* m_part = nullptr; // whose outputs are being written
+    bool m_rowsNeeded = false;                 // by an output of m_part
+};
+
+} // namespace storage::sql

@@ -1,0 +1,152 @@
+#include "ui/edit_form.h"
+
+#include "core/data/messages.h"
+#include "ui/drafts.h"
+#include "ui/enter_moves_on.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace ui {
+namespace {
+
+const QString AddCaption = u"追　加"_s;
+const QString ChangeCaption = u"更　新"_s;
+const QString EmptyCaption = u"初期化"_s;
+const QString DeleteCaption = u"削　除"_s;
+const QString DraftQuestion =
+    u"前回、保存されずに閉じた入力があります。\r\n続きから入力しますか？"_s;
+
+} // namespace
+
+EditForm::EditForm(core::Messages& messages, Drafts& drafts, QWidget* parent)
+    : QDialog(parent), m_messages(messages), m_drafts(drafts)
+{
+    setWindowModality(Qt::WindowModal);
+}
+
+void EditForm::initialize(const Controls& controls, bool adding)
+{
+    m_controls = controls;
+    m_controls.Command1->setText(adding ? AddCaption : ChangeCaption);
+    m_controls.Command2->setText(adding ? EmptyCaption : DeleteCaption);
+    for (QPushButton* const button :
+         {m_controls.Command1, m_controls.Command2, m_controls.Command3}) {
+        button->setAccessibleName(button->text().remove(u'　'));
+        button->setAutoDefault(false);
+    }
+    if (m_controls.chkrenzo)
+        m_controls.chkrenzo->setVisible(adding);
+    connect(m_controls.Command1, &QPushButton::clicked, this, &EditForm::Command1_Click);
+    connect(m_controls.Command2, &QPushButton::clicked, this, &EditForm::Command2_Click);
+    connect(m_controls.Command3, &QPushButton::clicked, this, &QDialog::reject);
+    m_empty = state();
+}
+
+void EditForm::recordShown(const QString& draft)
+{
+    m_draft = draft;
+    m_shown = state();
+    m_controls.first->setFocus();
+    offerDraft();
+}
+
+void EditForm::offerDraft()
+{
+    const std::optional<FormState> draft = m_drafts.find(m_draft);
+    if (!draft)
+        return;
+    if (m_messages.show(core::MessageStyle::InformationYesNo, DraftQuestion,
+                        QString::fromUtf16(core::AppTitleText))
+        == core::Answer::Yes) {
+        draft->applyTo(*this);
+    }
+    m_drafts.drop(m_draft);
+}
+
+bool EditForm::isAdding() const
+{
+    return m_controls.Command1->text() == AddCaption;
+}
+
+bool EditForm::isChanged() const
+{
+    return !(state() == m_shown);
+}
+
+// 連続して入力 says how to go on; it is no part of the record.
+FormState EditForm::state() const
+{
+    return FormState::of(*this, {m_controls.chkrenzo});
+}
+
+void EditForm::Command1_Click()
+{
+    switch (save()) {
+    case core::SaveResult::Saved:
+        saved();
+        return;
+    case core::SaveResult::Declined:
+    case core::SaveResult::Gone:
+        reject(); // the list is out of date: what was typed is kept for the next opening
+        return;
+    case core::SaveResult::Refused:
+        if (QWidget* const field = refusedField())
+            field->setFocus();
+        return;
+    case core::SaveResult::NoParent:
+    case core::SaveResult::Failed:
+        return;
+    }
+}
+
+void EditForm::saved()
+{
+    m_shown = state();
+    emit written();
+    if (isAdding() && m_controls.chkrenzo && m_controls.chkrenzo->isChecked())
+        emptyFields();
+    else
+        accept();
+}
+
+void EditForm::Command2_Click()
+{
+    if (isAdding()) {
+        emptyFields();
+        return;
+    }
+    switch (remove()) {
+    case core::DeleteResult::Deleted:
+        m_shown = state();
+        emit removed();
+        emit written();
+        accept();
+        return;
+    case core::DeleteResult::Declined:
+    case core::DeleteResult::Gone:
+        reject();
+        return;
+    case core::DeleteResult::Kept:
+    case core::DeleteResult::Failed:
+        return;
+    }
+}
+
+void EditForm::emptyFields()
+{
+    m_empty.applyTo(*this);
+    m_shown = m_empty;
+    m_controls.first->setFocus();
+}
+
+void EditForm::done(int result)
+{
+    if (isChanged())
+        m_drafts.keep(m_draft, state());
+    QDialog::done(result);
+}
+
+} // namespace ui

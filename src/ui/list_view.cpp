@@ -1,0 +1,233 @@
+#include "ui/list_view.h"
+
+#include "core/data/record_key.h"
+#include "ui/list_copy.h"
+#include "ui/paged_list_model.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QFocusEvent>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+namespace ui {
+namespace {
+
+bool sameRecord(const QString& one, const QString& other)
+{
+    const core::RecordKey first = core::RecordKey::fromText(one);
+    const core::RecordKey second = core::RecordKey::fromText(other);
+    return first.updateId == second.updateId && first.mark == second.mark && first.id == second.id;
+}
+
+// The row of a record near the place where it stood; -1 when it is not there.
+int findNear(const PagedListModel& model, const QString& key, int row)
+{
+    const int first = qMax(0, row - PagedListModel::BlockRows);
+    const int last = qMin(model.rowCount() - 1, row + PagedListModel::BlockRows);
+    if (row <= last && sameRecord(model.rowAt(row).key, key))
+        return row;
+    for (int each = first; each <= last; ++each) {
+        if (sameRecord(model.rowAt(each).key, key))
+            return each;
+    }
+    return -1;
+}
+
+} // namespace
+
+ListView::ListView(QWidget* parent) : QTreeView(parent)
+{
+    setUniformRowHeights(true);
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setAllColumnsShowFocus(true);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(NoEditTriggers);
+    setAlternatingRowColors(true);
+    setTextElideMode(Qt::ElideRight);
+    setWordWrap(false);
+    header()->setSectionsClickable(true);
+    header()->setHighlightSections(false);
+    header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    connect(header(), &QHeaderView::sectionClicked, this, &ListView::headerClicked);
+    connect(this, &QAbstractItemView::doubleClicked, this,
+            [this](const QModelIndex& index) { emit opened(index.row()); });
+}
+
+void ListView::setListModel(PagedListModel* model)
+{
+    m_model = model;
+    setModel(model);
+}
+
+void ListView::keepLightBase()
+{
+    QPalette light = palette();
+    light.setColor(QPalette::Base, Qt::white);
+    light.setColor(QPalette::AlternateBase, QColor(0xf5, 0xf7, 0xfa));
+    light.setColor(QPalette::Text, Qt::black);
+    setPalette(light);
+}
+
+QString ListView::currentKey() const
+{
+    const QModelIndex current = currentIndex();
+    return m_model && current.isValid() ? m_model->rowAt(current.row()).key : QString();
+}
+
+void ListView::selectRow(int row)
+{
+    const QModelIndex index = m_model->index(row, 0);
+    selectionModel()->setCurrentIndex(
+        index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    scrollTo(index);
+}
+
+void ListView::fill(std::shared_ptr<core::ListSource> source)
+{
+    m_model->setSource(std::move(source));
+    scrollToTop();
+}
+
+void ListView::refill(std::shared_ptr<core::ListSource> source)
+{
+    const QString key = currentKey();
+    const int row = currentIndex().row();
+    const bool wasSelected = row >= 0 && selectionModel()->isRowSelected(row, {});
+    const int position = verticalScrollBar()->value();
+    m_refilling = true;
+    m_model->setSource(std::move(source));
+    if (!key.isEmpty())
+        findAgain(key, row, wasSelected);
+    m_refilling = false;
+    if (!key.isEmpty() && !currentIndex().isValid())
+        emit currentRowChanged(-1);
+    executeDelayedItemsLayout();
+    verticalScrollBar()->setValue(position);
+}
+
+void ListView::findAgain(const QString& key, int row, bool wasSelected)
+{
+    const int found = findNear(*m_model, key, row);
+    if (found < 0)
+        return;
+    const QItemSelectionModel::SelectionFlags flags = wasSelected
+        ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
+        : QItemSelectionModel::NoUpdate;
+    selectionModel()->setCurrentIndex(m_model->index(found, 0), flags);
+}
+
+void ListView::turnTo(qint64 page)
+{
+    m_model->setPage(page);
+    scrollToTop();
+}
+
+QString ListView::selectedText() const
+{
+    return m_model ? copyText(*m_model, selectionModel()->selection()) : QString();
+}
+
+void ListView::copySelection() const
+{
+    const QString text = selectedText();
+    if (!text.isEmpty())
+        QGuiApplication::clipboard()->setText(text);
+}
+
+bool ListView::toggleCheck()
+{
+    const QModelIndex box = currentIndex().siblingAtColumn(0);
+    if (!box.isValid() || !(box.flags() & Qt::ItemIsUserCheckable))
+        return false;
+    const bool checked = box.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    return m_model->setData(box, checked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+}
+
+// A list reached by keys stands on a row, so that the next key does something; a list that gets the
+// focus in another way selects nothing of itself.
+void ListView::focusInEvent(QFocusEvent* event)
+{
+    const bool byKeys = event->reason() == Qt::TabFocusReason
+        || event->reason() == Qt::BacktabFocusReason || event->reason() == Qt::ShortcutFocusReason;
+    if (!currentIndex().isValid() && !byKeys) {
+        // The item view's own would make the first row the current one.
+        QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
+        viewport()->update();
+        return;
+    }
+    QTreeView::focusInEvent(event);
+    if (byKeys && currentIndex().isValid() && !selectionModel()->hasSelection())
+        selectRow(currentIndex().row());
+}
+
+void ListView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Copy)) {
+        copySelection();
+        return;
+    }
+    const bool plain = !(event->modifiers() & ~Qt::KeypadModifier);
+    if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+        if (currentIndex().isValid())
+            emit opened(currentIndex().row());
+        return;
+    }
+    if (plain && event->key() == Qt::Key_Space && toggleCheck())
+        return;
+    QTreeView::keyPressEvent(event);
+}
+
+// The base class takes every button for a double click, and two quick clicks on a check box too.
+void ListView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton && !isOnCheckBox(event->position().toPoint()))
+        QTreeView::mouseDoubleClickEvent(event);
+}
+
+bool ListView::isOnCheckBox(const QPoint& place) const
+{
+    const QModelIndex index = indexAt(place);
+    if (!index.isValid() || !(index.flags() & Qt::ItemIsUserCheckable))
+        return false;
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.rect = visualRect(index);
+    option.features |= QStyleOptionViewItem::HasCheckIndicator;
+    return style()
+        ->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, this)
+        .contains(place);
+}
+
+void ListView::contextMenuEvent(QContextMenuEvent* event)
+{
+    QPoint place = event->globalPos();
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        const QRect row = visualRect(currentIndex());
+        const QPoint corner =
+            row.isValid() && viewport()->rect().intersects(row) ? row.bottomLeft() : QPoint();
+        place = viewport()->mapToGlobal(corner);
+    }
+    emit menuRequested(place);
+    event->accept();
+}
+
+// A model that is reset drops the current row without a word.
+void ListView::reset()
+{
+    QTreeView::reset();
+    if (!m_refilling)
+        emit currentRowChanged(-1);
+}
+
+void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTreeView::currentChanged(current, previous);
+    if (!m_refilling && current.row() != previous.row())
+        emit currentRowChanged(current.isValid() ? current.row() : -1);
+}
+
+} // namespace ui

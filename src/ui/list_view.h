@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QTreeView>
+
+#include <memory>
+
+namespace core {
+class ListSource;
+}
+
+namespace ui {
+
+class PagedListModel;
+
+// A list of records: whole rows, extended selection, header clicks that ask for an order, copying.
+// Everything that the mouse does can be done by keys: Enter opens, Space toggles the check box,
+// Ctrl+C copies, the menu key opens the context menu.
+class ListView : public QTreeView {
+    Q_OBJECT
+
+public:
+    explicit ListView(QWidget* parent = nullptr);
+
+    // Takes a model that must live as long as the view.
+    void setListModel(PagedListModel* model);
+    PagedListModel* listModel() const { return m_model; }
+
+    // Row colours are meant for a light ground: keeps one also under a dark theme.
+    void keepLightBase();
+
+    // The key of the row that stands for the selection; empty when there is none.
+    QString currentKey() const;
+    // Selects one row, makes it current and visible.
+    void selectRow(int row);
+    // Shows the rows of another source, from the top, with no row selected.
+    void fill(std::shared_ptr<core::ListSource> source);
+    // Shows the same list read anew, on its source's page: the current row and the scroll position
+    // stay when the same record still stands there or nearby.
+    void refill(std::shared_ptr<core::ListSource> source);
+    // Turns to a page of the source.
+    void turnTo(qint64 page);
+    // The selected rows as text; also put on the clipboard by copySelection().
+    QString selectedText() const;
+    void copySelection() const;
+
+signals:
+    // A row was double-clicked, or Enter pressed on it.
+    void opened(int row);
+    // Another row has become the current one, or none (-1). Not given when the list is refilled and
+    // the same record stays current.
+    void currentRowChanged(int row);
+    // A column's header was clicked.
+    void headerClicked(int column);
+    // The context menu is wanted, by mouse or by key, at a point of the screen.
+    void menuRequested(const QPoint& screenPoint);
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    // Typing letters looks for nothing: that would read the whole list.
+    void keyboardSearch(const QString&) override {}
+    void reset() override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+private:
+    bool toggleCheck();
+    bool isOnCheckBox(const QPoint& place) const;
+    void findAgain(const QString& key, int row, bool wasSelected);
+
+    PagedListModel* m_model = nullptr;
+    bool m_refilling = false;
+};
+
+} // namespace ui

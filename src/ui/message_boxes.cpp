@@ -1,0 +1,106 @@
+#include "ui/message_boxes.h"
+
+#include "ui/enter_moves_on.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+using namespace Qt::Literals::StringLiterals;
+using core::Answer;
+using core::MessageStyle;
+
+namespace ui {
+namespace {
+
+struct Look {
+    QMessageBox::Icon icon;
+    QMessageBox::StandardButtons buttons;
+};
+
+Look lookOf(MessageStyle style)
+{
+    switch (style) {
+    case MessageStyle::Critical:
+        return {QMessageBox::Critical, QMessageBox::Ok};
+    case MessageStyle::CriticalOkCancel:
+        return {QMessageBox::Critical, QMessageBox::Ok | QMessageBox::Cancel};
+    case MessageStyle::Exclamation:
+        return {QMessageBox::Warning, QMessageBox::Ok};
+    case MessageStyle::ExclamationYesNo:
+        return {QMessageBox::Warning, QMessageBox::Yes | QMessageBox::No};
+    case MessageStyle::Information:
+        return {QMessageBox::Information, QMessageBox::Ok};
+    case MessageStyle::InformationYesNo:
+        return {QMessageBox::Information, QMessageBox::Yes | QMessageBox::No};
+    }
+    return {QMessageBox::NoIcon, QMessageBox::Ok};
+}
+
+// The texts stand here and not in Qt's translations, which a machine may lack.
+void nameButtons(QMessageBox& box)
+{
+    const std::pair<QMessageBox::StandardButton, QString> names[] = {
+        {QMessageBox::Ok, u"OK"_s},
+        {QMessageBox::Cancel, u"キャンセル"_s},
+        {QMessageBox::Yes, u"はい(&Y)"_s},
+        {QMessageBox::No, u"いいえ(&N)"_s},
+    };
+    for (const auto& [button, name] : names) {
+        if (QAbstractButton* const found = box.button(button))
+            found->setText(name);
+    }
+}
+
+Answer answerOf(int button)
+{
+    switch (button) {
+    case QMessageBox::Cancel:
+        return Answer::Cancel;
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    default:
+        return Answer::Ok;
+    }
+}
+
+} // namespace
+
+Answer MessageBoxes::show(MessageStyle style, const QString& text, const QString& title)
+{
+    const Look look = lookOf(style);
+    QMessageBox box(look.icon, title, text, look.buttons, QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText); // names of customers may look like mark-up
+    nameButtons(box);
+    const bool asks = look.buttons & QMessageBox::Yes;
+    box.setDefaultButton(asks ? QMessageBox::Yes : QMessageBox::Ok);
+    if (asks)
+        box.setEscapeButton(QMessageBox::No);
+    else if (look.buttons & QMessageBox::Cancel)
+        box.setEscapeButton(QMessageBox::Cancel);
+    return answerOf(box.exec());
+}
+
+std::optional<QString> MessageBoxes::askText(const QString& prompt, const QString& title,
+                                             bool secret)
+{
+    QInputDialog dialog(QApplication::activeWindow());
+    dialog.setWindowTitle(title);
+    dialog.setLabelText(prompt);
+    dialog.setTextEchoMode(secret ? QLineEdit::Password : QLineEdit::Normal);
+    dialog.setOkButtonText(u"OK"_s);
+    dialog.setCancelButtonText(u"キャンセル"_s);
+    // Enter that confirms a kana conversion must not close the box.
+    if (const auto* const buttons = dialog.findChild<QDialogButtonBox*>())
+        new EnterMovesOn(&dialog, buttons->button(QDialogButtonBox::Ok));
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.textValue();
+}
+
+} // namespace ui

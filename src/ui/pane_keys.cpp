@@ -1,0 +1,64 @@
+#include "ui/pane_keys.h"
+
+#include <QApplication>
+#include <QShortcut>
+#include <QSplitter>
+
+#include <cmath>
+#include <numeric>
+
+namespace ui {
+
+PaneKeys::PaneKeys(QWidget* window, const QList<QWidget*>& panes)
+    : QObject(window), m_window(window), m_panes(panes)
+{
+    connect(new QShortcut(Qt::Key_F6, window), &QShortcut::activated, this, [this] { step(1); });
+    connect(new QShortcut(Qt::SHIFT | Qt::Key_F6, window), &QShortcut::activated, this,
+            [this] { step(-1); });
+}
+
+void PaneKeys::addNumber(int number, QWidget* target)
+{
+    const QKeySequence keys(QKeyCombination(Qt::ControlModifier, Qt::Key(Qt::Key_0 + number)));
+    connect(new QShortcut(keys, m_window), &QShortcut::activated, target,
+            [target] { target->setFocus(Qt::ShortcutFocusReason); });
+}
+
+int PaneKeys::paneWithFocus() const
+{
+    const QWidget* const focus = QApplication::focusWidget();
+    for (int i = 0; i < m_panes.size(); ++i) {
+        if (focus && (m_panes.at(i) == focus || m_panes.at(i)->isAncestorOf(focus)))
+            return i;
+    }
+    return -1;
+}
+
+void PaneKeys::step(int direction)
+{
+    const int count = static_cast<int>(m_panes.size());
+    int place = paneWithFocus();
+    for (int i = 0; i < count; ++i) {
+        place = (place + direction + count) % count;
+        QWidget* const pane = m_panes.at(place);
+        if (pane->isVisible() && pane->isEnabled()) {
+            pane->setFocus(Qt::ShortcutFocusReason);
+            return;
+        }
+    }
+}
+
+void giveShare(QSplitter& splitter, int part, double share)
+{
+    QList<int> sizes = splitter.sizes();
+    const int total = std::accumulate(sizes.begin(), sizes.end(), 0);
+    const int others = total - sizes.at(part);
+    const int wanted = static_cast<int>(std::lround(total * share));
+    if (total == 0 || sizes.at(part) >= wanted)
+        return;
+    for (int i = 0; i < sizes.size(); ++i)
+        sizes[i] = i == part ? wanted : sizes.at(i) * (total - wanted) / qMax(1, others);
+    splitter.setSizes(sizes);
+}
+
+} // namespace ui

@@ -1,0 +1,142 @@
+#include "customer/data/cascades.h"
+
+#include "customer/data/customers.h"
+#include "storage/transaction.h"
+#include "support/child_process.h"
+#include "support/customer/data/customer_test.h"
+
+#include <gmock/gmock.h>
+
+#include <thread>
+
+using namespace Qt::StringLiterals;
+using customer::Cascade;
+
+namespace {
+
+const QStringList Tables{u"ユーザー"_s,         u"件名"_s,         u"ログ"_s,
+                         u"納品リスト"_s,       u"リースリスト"_s, u"ユーザー関連ファイル"_s,
+                         u"件名関連ファイル"_s, u"自由項目名"_s,   u"項目内容"_s};
+
+class CascadesTest : public OpenCustomerTest {
+protected:
+    // Everything that a customer, a case, a delivery and a free item with these IDs and marks can
+    // own.
+    static void fill(customer::CustomerFile& into, int id, int mark)
+    {
+        const QString values = QString::number(id) + u", "_s + QString::number(mark) + u')';
+        const QString pair = QString::number(id) + u", "_s + values;
+        for (const QString& statement : {
+                 u"INSERT INTO ユーザー (ﾕｰｻﾞｰID, ﾕｰｻﾞｰ識別ID) VALUES ("_s + values,
+                 u"INSERT INTO 件名 (ユーザーID, 件名ID, 件名識別ID) VALUES ("_s + pair,
+                 u"INSERT INTO ログ (ユーザーID, 件名ID, ログ識別ID) VALUES ("_s + pair,
+                 u"INSERT INTO 納品リスト (ユーザーID, 納品ID, 納品識別ID) VALUES ("_s + pair,
+                 u"INSERT INTO リースリスト (ユーザーID, 納品ID, ﾘｰｽ識別ID) VALUES ("_s + pair,
+                 u"INSERT INTO ユーザー関連ファイル (ﾕｰｻﾞｰID, ﾕｰｻﾞｰ関連ID, ﾕｰｻﾞｰ関連識別ID)"_s
+                     + u" VALUES ("_s + pair,
+                 u"INSERT INTO 件名関連ファイル (ユーザーID, 件名ID, 件名関連ID, 件名関連識別ID)"_s
+                     + u" VALUES ("_s + QString::number(id) + u", "_s + pair,
+                 u"INSERT INTO 自由項目名 (項目ID, 項目識別ID) VALUES ("_s + values,
+                 u"INSERT INTO 項目内容 (ユーザーID, 項目ID, ﾕｰｻﾞｰ識別ID, 内容識別ID)"_s
+                     + u" VALUES ("_s + QString::number(id) + u", "_s + QString::number(id)
+                     + u", "_s + QString::number(mark) + u", "_s + QString::number(mark) + u')',
+             }) {
+            execute(into, statement);
+        }
+    }
+
+    // The rows left of each table.
+    QList<int> rows()
+    {
+        QList<int> counts;
+        for (const QString& table : Tables)
+            counts.append(valueOf(u"SELECT count(*) as ma1 FROM "_s + table).toInt());
+        return counts;
+    }
+};
+
+TEST_F(CascadesTest, TakeAllOfTheOwnerAndNothingOfAnother)
+{
+    // Owners 1/0, 1/7 (same ID, another mark) and 2/0; the rows of the first come first.
+    const struct {
+        Cascade cascade;
+        QList<int> left; // of three rows each, by table
+    } expected[] = {
+        {Cascade::Customer, {2, 2, 2, 2, 2, 2, 2, 3, 2}},
+        {Cascade::Case, {3, 2, 2, 3, 3, 3, 2, 3, 3}},
+        {Cascade::Delivery, {3, 3, 3, 2, 2, 3, 3, 3, 3}},
+        {Cascade::FreeItem, {3, 3, 3, 3, 3, 3, 3, 2, 2}},
+        {Cascade::Log, {3, 3, 2, 3, 3, 3, 3, 3, 3}},
+        {Cascade::Lease, {3, 3, 3, 3, 2, 3, 3, 3, 3}},
+        {Cascade::FreeItemValue, {3, 3, 3, 3, 3, 3, 3, 3, 2}},
+        {Cascade::CustomerShortcut, {3, 3, 3, 3, 3, 2, 3, 3, 3}},
+        {Cascade::CaseShortcut, {3, 3, 3, 3, 3, 3, 2, 3, 3}},
+    };
+    int updateId = 1; // of the first rows; the numbers go on after the deletes
+    for (const auto& each : expected) {
+        for (const QString& table : Tables)
+            execute(u"DELETE FROM "_s + table);
+        fill(file, 1, 0);
+        fill(file, 1, 7);
+        fill(file, 2, 0);
+        EXPECT_TRUE(runCascade(file, each.cascade, {updateId, 0, 1, {}}));
+        EXPECT_EQ(rows(), each.left) << static_cast<int>(each.cascade);
+        EXPECT_EQ(column(u"SELECT ログ識別ID FROM ログ WHERE ユーザーID = 1 and ログ識別ID = 7"_s),
+                  QStringList{u"7"_s});
+        updateId += 3;
+    }
+}
+
+// A value belongs to the customer by the customer's mark, whatever the mark of its item is.
+TEST_F(CascadesTest, ACustomersValuesOfAMergedItemGoAndAnothersStay)
+{
+    execute(u"INSERT INTO 項目内容 (ユーザーID, ﾕｰｻﾞｰ識別ID, 内容識別ID) VALUES (1, 0, 7)"_s);
+    execute(u"INSERT INTO 項目内容 (ユーザーID, ﾕｰｻﾞｰ識別ID, 内容識別ID) VALUES (1, 7, 0)"_s);
+    EXPECT_TRUE(runCascade(file, Cascade::Customer, {1, 0, 1, {}}));
+    EXPECT_EQ(column(u"SELECT ﾕｰｻﾞｰ識別ID FROM 項目内容"_s), QStringList{u"7"_s});
+}
+
+TEST_F(CascadesTest, PrintTablesAreEmptied)
+{
+    for (const QString& table : {u"２印刷自由項目内容"_s, u"３印刷納品"_s, u"４印刷件名"_s})
+        execute(u"INSERT INTO "_s + table + u" (上部連結) VALUES (1)"_s);
+    EXPECT_TRUE(runCascade(file, Cascade::PrintTables));
+    EXPECT_EQ(valueOf(u"SELECT count(*) as ma1 FROM ４印刷件名"_s), u"0");
+}
+
+TEST_F(CascadesTest, AKillLeavesAWholeCascadeOrNone)
+{
+    constexpr int Customers = 100;
+    {
+        storage::Transaction filling(file.connection);
+        for (int id = 1; id <= Customers; ++id)
+            fill(file, id, 0);
+        EXPECT_TRUE(filling.commit());
+    }
+    CloseCustomerFile(file);
+    int told = 0;
+    for (int round = 0; round < 5; ++round) {
+        ChildProcess deleting([this](const auto& stepDone) {
+            OtherCopy other(path());
+            for (int id = 1; id <= Customers; ++id) {
+                const bool there = customer::readOwner(other.file, id, 0).has_value();
+                if (there && runCascade(other.file, Cascade::Customer, {id, 0, id, {}}))
+                    stepDone();
+            }
+            return true;
+        });
+        ASSERT_TRUE(deleting.waitForSteps(2 + round));
+        std::this_thread::sleep_for(std::chrono::microseconds(370 * round));
+        told += 2 + round + deleting.killNow();
+
+        ASSERT_TRUE(open());
+        QList<int> left = rows();
+        left.removeAt(7); // the names of free items belong to no customer
+        EXPECT_THAT(left, testing::Each(left.first()));
+        EXPECT_LE(left.first(), Customers - told);
+        told = Customers - left.first();
+        CloseCustomerFile(file);
+    }
+}
+
+} // namespace

@@ -1,0 +1,275 @@
+#include "customer/data/logs.h"
+#include "customer/data/shortcuts.h"
+#include "customer/screens/johokokyaku.h"
+#include "customer/screens/klogpreview.h"
+#include "support/customer/screens/main_screen_test.h"
+#include "ui/edit_form.h"
+#include "ui/list_view.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A day at the customer desk: what the main screen does with its records.
+class KokyakuDeskTest : public MainScreenTest {
+protected:
+    void SetUp() override
+    {
+        MainScreenTest::SetUp();
+        owner = addNamed(u"加藤 花子"_s, u"カトウ"_s).key;
+        ofCase = addCaseOf(owner, u"点検"_s).key;
+        EXPECT_EQ(customer::addLog(file, ofCase, {clock.today(), u"佐藤"_s, u"受付"_s}),
+                  core::SaveResult::Saved);
+    }
+
+    // The edit screen that is open over the main screen; the test ends when there is none.
+    ui::EditForm& form()
+    {
+        for (ui::EditForm* const each : screen->findChildren<ui::EditForm*>()) {
+            if (each->isVisible())
+                return *each;
+        }
+        qFatal("no edit screen is open");
+    }
+    void trigger(const char* action) { control<QAction>(action).trigger(); }
+    void set(const QString& assignment)
+    {
+        execute(u"UPDATE 設定 SET "_s + assignment + u" WHERE 設定ID = 1"_s);
+    }
+    static QString textOf(const QWidget& window, const char* name)
+    {
+        const auto* const text = window.findChild<QPlainTextEdit*>(QLatin1String(name));
+        return text ? text->toPlainText() : QString();
+    }
+
+    core::RecordKey owner;
+    core::RecordKey ofCase;
+};
+
+TEST_F(KokyakuDeskTest, CheckBoxesWriteTheirFlagsAndTheNextEditAsksNothing)
+{
+    openScreen();
+    chooseRow(1, 0);
+    QTest::keyClick(&list(1), Qt::Key_Space);
+    EXPECT_EQ(valueOf(u"SELECT Y印字 FROM ユーザー"_s), u"1"_s);
+    QTest::keyClick(&list(1), Qt::Key_Return);
+    EXPECT_EQ(form().windowTitle(), u"顧客情報を編集"_s);
+    form().findChild<QLineEdit*>(u"txtkokyaku_4"_s)->setText(u"03-1234"_s);
+    form().findChild<QPushButton*>(u"Command1"_s)->click();
+    EXPECT_EQ(cells(1, 1), QStringList({u"03-1234"_s}));
+
+    chooseRow(2, 0);
+    QTest::keyClick(&list(2), Qt::Key_Space);
+    EXPECT_EQ(valueOf(u"SELECT K印字 FROM 件名"_s), u"1"_s);
+}
+
+TEST_F(KokyakuDeskTest, TheActionsOpenTheirScreensUnderTheirCaptions)
+{
+    openScreen();
+    EXPECT_FALSE(control<QAction>("ToolKenAdd").isEnabled());
+    chooseRow(1, 0);
+    chooseRow(2, 0);
+    chooseRow(3, 0);
+    const std::pair<const char*, QString> captions[] = {
+        {"ToolKyakuAdd", u"新しい顧客を追加する"_s},
+        {"MenuUserListKyakuSansyoAdd", u"【 加藤 花子 】参照追加"_s},
+        {"ToolKenAdd", u"【 加藤 花子 】件名追加"_s},
+        {"MenuKenListKenEdit", u" 件名情報を編集"_s},
+        {"MenuKenListRogAdd", u"【 点検 】ログ追加"_s},
+        {"MenuRogListAdd", u"【 点検 】ログを追加"_s},
+        {"MenuRogListEdit", u"ログ情報を編集"_s},
+        {"ToolYoteiAdd", u"【 2024/04/15(月) 】予定追加"_s},
+    };
+    for (const auto& [action, caption] : captions) {
+        trigger(action);
+        EXPECT_EQ(form().windowTitle(), caption);
+        form().close();
+    }
+    trigger("MenuUserListKyakuSansyoAdd");
+    EXPECT_EQ(form().findChild<QLineEdit*>(u"txtkokyaku_1"_s)->text(), u"加藤 花子"_s);
+    form().findChild<QPushButton*>(u"Command1"_s)->click();
+    EXPECT_EQ(cells(1, 0), QStringList({u"加藤 花子"_s, u"加藤 花子"_s}));
+}
+
+TEST_F(KokyakuDeskTest, ALogWrittenAfterItsCaseWasSavedIsShown)
+{
+    openScreen();
+    chooseRow(1, 0);
+    chooseRow(2, 0);
+    trigger("MenuKenListKenEdit");
+    form().findChild<QPushButton*>(u"Command1"_s)->click();
+    expectCounters("cntRog", u"合計:0 現在:0 最大:0"_s);
+    trigger("MenuRogListAdd");
+    form().findChild<QPlainTextEdit*>(u"Rrogu"_s)->setPlainText(u"訪問"_s);
+    form().findChild<QPushButton*>(u"Command1"_s)->click();
+    EXPECT_EQ(cells(3, 2), QStringList({u"受付"_s, u"訪問"_s}));
+    EXPECT_EQ(caption("lblRog"), u"点検 のログ"_s);
+}
+
+TEST_F(KokyakuDeskTest, DeletingACustomerLeavesNothingSelectedAndKeepsTheDetailSetting)
+{
+    set(u"顧客詳細表示 = 1"_s);
+    openScreen();
+    chooseRow(1, 0);
+    const auto& detail = *screen->findChild<customer::johokokyaku*>();
+    EXPECT_TRUE(QTest::qWaitFor([&detail] { return detail.isVisible(); }));
+    trigger("MenuUserListKyakuEdit");
+    messages.willAnswer(core::Answer::Yes);
+    form().findChild<QPushButton*>(u"Command2"_s)->click();
+    messages.takeBoxes();
+    expectCounters("cntKokya", u"合計:0 現在:0 最大:0"_s);
+    expectCounters("cntKen", u"合計:0 現在:0 最大:0"_s);
+    EXPECT_FALSE(detail.isVisible());
+    EXPECT_EQ(valueOf(u"SELECT 顧客詳細表示 FROM 設定"_s), u"1"_s);
+    EXPECT_EQ(column(u"SELECT 件名 FROM 件名"_s), QStringList());
+}
+
+TEST_F(KokyakuDeskTest, DeletingACaseGoesBackToTheSingleOnes)
+{
+    openScreen();
+    chooseRow(1, 0);
+    chooseRow(2, 0);
+    trigger("MenuKenListKenEdit");
+    messages.willAnswer(core::Answer::Yes);
+    form().findChild<QPushButton*>(u"Command2"_s)->click();
+    EXPECT_EQ(messages.takeText(), u"削除しますか？"_s);
+    EXPECT_EQ(caption("lblKen"), u"件名表示"_s);
+    expectCounters("cntKen", u"合計:0 現在:0 最大:0"_s);
+    expectCounters("cntRog", u"合計:0 現在:0 最大:0"_s);
+    EXPECT_EQ(column(u"SELECT Rログ FROM ログ"_s), QStringList());
+}
+
+TEST_F(KokyakuDeskTest, ThePreviewFollowsTheSelectedEntry)
+{
+    openScreen();
+    chooseRow(1, 0);
+    chooseRow(2, 0);
+    auto& preview = *screen->findChild<customer::klogpreview*>();
+    EXPECT_FALSE(preview.isVisible());
+    chooseRow(3, 0);
+    EXPECT_TRUE(preview.isVisible());
+    EXPECT_EQ(textOf(preview, "rogu"), u"【 2024/04/15(月) 】　　【 佐藤 】\n【 ロ グ 】\n受付"_s);
+
+    preview.findChild<QAction*>(u"temae"_s)->trigger();
+    EXPECT_EQ(valueOf(u"SELECT ログプレ手前 FROM 設定"_s), u"1"_s);
+    EXPECT_TRUE(preview.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    preview.move(40, 60);
+    preview.resize(500, 120);
+    messages.willAnswer(core::Answer::Yes);
+    preview.findChild<QAction*>(u"ichi"_s)->trigger();
+    EXPECT_EQ(messages.takeText(), u"現在の表示位置・サイズを保存しますか？"_s);
+    EXPECT_EQ(valueOf(u"SELECT ログプレ横位置 & ' ' & ログプレ縦位置 & ' ' & ログプレ横幅 & ' ' & "
+                      u"ログプレ縦幅 FROM 設定"_s),
+              u"600 900 7500 1800"_s);
+    preview.findChild<QAction*>(u"Rcopy"_s)->trigger();
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().endsWith(u"【 ロ グ 】\r\n受付"_s));
+    preview.close();
+    EXPECT_EQ(valueOf(u"SELECT ログプレ表示 FROM 設定"_s), u"0"_s);
+}
+
+TEST_F(KokyakuDeskTest, TheDetailWindowFollowsTheSelection)
+{
+    addNamed(u"木村"_s, u"キムラ"_s);
+    set(u"顧客詳細表示 = 1, 顧客詳細横位置 = 300, 顧客詳細縦位置 = 450"_s);
+    openScreen();
+    auto& detail = *screen->findChild<customer::johokokyaku*>();
+    EXPECT_FALSE(detail.isVisible());
+    chooseRow(1, 0);
+    EXPECT_TRUE(QTest::qWaitFor([&detail] { return detail.isVisible(); }));
+    EXPECT_EQ(detail.pos(), QPoint(20, 30));
+    EXPECT_EQ(control<QLabel>("lblName").text(), u"加藤 花子"_s);
+    chooseRow(1, 1);
+    const auto& name = control<QLabel>("lblName");
+    EXPECT_TRUE(QTest::qWaitFor([&name] { return name.text() == u"木村"_s; }));
+
+    detail.move(100, 200);
+    messages.willAnswer(core::Answer::Yes);
+    trigger("ichi");
+    EXPECT_EQ(messages.takeText(), u"現在の表示位置を保存しますか？"_s);
+    EXPECT_EQ(valueOf(u"SELECT 顧客詳細横位置 & ' ' & 顧客詳細縦位置 FROM 設定"_s), u"1500 3000"_s);
+    detail.close();
+    EXPECT_EQ(valueOf(u"SELECT 顧客詳細表示 FROM 設定"_s), u"0"_s);
+    chooseRow(1, 0);
+    QTest::qWait(20);
+    EXPECT_FALSE(detail.isVisible());
+}
+
+TEST_F(KokyakuDeskTest, KeepsFilesOfACaseAndNeverTouchesThem)
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(u"見積 1.txt"_s);
+    openScreen();
+    trigger("MenuKanrneHyouzi");
+    EXPECT_EQ(messages.takeText(), u"件名が選択されていません。"_s);
+    control<QPushButton>("Command6").click();
+    EXPECT_EQ(messages.takeText(), u"件名が選択されていません。"_s);
+
+    chooseRow(1, 0);
+    chooseRow(2, 0);
+    trigger("MenuKanrneHyouzi");
+    EXPECT_EQ(control<QTabWidget>("SSTab1").currentIndex(), 1);
+    EXPECT_EQ(caption("lblKanren"), u"【 点検 】関連ﾌｧｲﾙ表示"_s);
+    files.chosen = path;
+    control<QPushButton>("Command6").click();
+    EXPECT_EQ(files.filters, QStringList({u"All(*.*)|*.*"_s}));
+    EXPECT_EQ(cells(7, 0), QStringList({u"見積 1.txt"_s}));
+    EXPECT_EQ(valueOf(u"SELECT 場所 FROM 件名関連ファイル"_s), path);
+
+    chooseRow(7, 0);
+    opener.succeeds = false;
+    QTest::keyClick(&list(7), Qt::Key_Return);
+    EXPECT_EQ(opener.opened, QStringList({path}));
+    EXPECT_TRUE(messages.takeText().startsWith(u"ファイルを開けませんでした。"_s));
+
+    messages.willAnswer(core::Answer::Yes);
+    control<QPushButton>("Command7").click();
+    EXPECT_EQ(messages.takeText(), u"見積 1.txt を削除しますか？"_s);
+    EXPECT_EQ(cells(7, 0), QStringList());
+}
+
+TEST_F(KokyakuDeskTest, CasesAreFoundByDayByTextAndFromTheirLog)
+{
+    customer::CaseFields other;
+    other.title = u"見積"_s;
+    other.state = u"完了"_s;
+    other.registered = QDate(2024, 1, 1);
+    EXPECT_EQ(customer::addCase(file, owner, other), core::SaveResult::Saved);
+    openScreen();
+    const auto pick = [this](const QString& name) {
+        for (QAction* const each : screen->findChildren<QAction*>()) {
+            if (each->text().startsWith(name)) {
+                each->trigger();
+                return;
+            }
+        }
+        ADD_FAILURE() << "no menu entry " << name.toStdString();
+    };
+    pick(u"暦の日付の件名表示"_s);
+    EXPECT_EQ(cells(2, 3), QStringList({u"点検"_s}));
+    EXPECT_EQ(caption("lblKen"), u"2024/04/15(月)の件名表示"_s);
+    messages.willType(u"見積"_s);
+    pick(u"文字を含む件名表示"_s);
+    messages.takeBoxes();
+    EXPECT_EQ(cells(2, 3), QStringList({u"見積"_s}));
+    EXPECT_EQ(caption("lblKen"), u"'見積'を含む件名表示"_s);
+    pick(u"全ての件名表示"_s);
+    EXPECT_EQ(cells(2, 3).size(), 2);
+
+    chooseRow(1, 0);
+    chooseRow(2, cells(2, 3).indexOf(u"点検"_s) == 0 ? 0 : 1);
+    chooseRow(3, 0);
+    trigger("MenuRogKenHyouzi");
+    EXPECT_EQ(cells(2, 3), QStringList({u"点検"_s}));
+    EXPECT_EQ(caption("lblKen"), u"件名表示"_s);
+}
+
+} // namespace

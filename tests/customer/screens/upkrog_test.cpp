@@ -1,0 +1,100 @@
+#include "customer/screens/upkrog.h"
+
+#include "customer/screens/upkyotei.h"
+#include "support/customer/screens/edit_form_test.h"
+
+#include <QComboBox>
+#include <QTimeEdit>
+
+using namespace Qt::StringLiterals;
+using customer::upkrog;
+using customer::upkyotei;
+
+namespace {
+
+class UpkrogTest : public EditFormTest {
+protected:
+    void SetUp() override
+    {
+        EditFormTest::SetUp();
+        owner = addNamed(u"加藤"_s, u"ｶﾄｳ"_s).key;
+        ofCase = addCaseOf(owner, u"点検"_s).key;
+    }
+
+    void openToAdd() { show(std::make_unique<upkrog>(file, drafts, ofCase, nullptr)); }
+    void enter(const QString& recorder, const QString& text)
+    {
+        control<QComboBox>(u"Combo2"_s).setCurrentText(recorder);
+        type(control<QPlainTextEdit>(u"Rrogu"_s), text);
+    }
+
+    core::RecordKey owner;
+    core::RecordKey ofCase;
+};
+
+TEST_F(UpkrogTest, WritesEntriesOneAfterTheOtherAndRefreshesTheirCase)
+{
+    clock.set(QDate(2024, 4, 16));
+    openToAdd();
+    tick("chkrenzo");
+    enter(u"佐藤"_s, u"受付\n折り返し電話"_s);
+    press("Command1");
+    enter(u"鈴木"_s, u"訪問"_s);
+    press("Command1");
+    EXPECT_EQ(column(u"SELECT Rログ FROM ログ ORDER BY ログID"_s),
+              QStringList({u"受付\r\n折り返し電話"_s, u"訪問"_s}));
+    EXPECT_EQ(valueOf(u"SELECT 最近更新日時 FROM 件名"_s).left(10), u"2024/04/16"_s);
+    EXPECT_EQ(valueOf(u"SELECT 最近更新日時 FROM ユーザー"_s).left(10), u"2024/04/16"_s);
+    EXPECT_EQ(writes->size(), 2);
+
+    openToAdd(); // names already used are offered, the last one first
+    EXPECT_EQ(control<QComboBox>(u"Combo2"_s).itemText(0), u"鈴木"_s);
+    EXPECT_EQ(control<QComboBox>(u"Combo2"_s).currentText(), QString());
+}
+
+TEST_F(UpkrogTest, EnterWritesALineAndConversionsStayInTheField)
+{
+    openToAdd();
+    auto& text = control<QPlainTextEdit>(u"Rrogu"_s);
+    confirmConversion(text, u"一"_s);
+    EXPECT_EQ(text.toPlainText(), u"一"_s);
+    QTest::keyClick(&text, Qt::Key_Return);
+    type(text, u"二"_s);
+    EXPECT_EQ(text.toPlainText(), u"一\n二"_s);
+    EXPECT_TRUE(text.hasFocus());
+    press("Command2");
+}
+
+TEST_F(UpkrogTest, AnEntryOfADeletedCaseIsNotAdded)
+{
+    openToAdd();
+    enter(u"佐藤"_s, u"受付"_s);
+    execute(u"DELETE FROM 件名"_s);
+    press("Command1");
+    EXPECT_EQ(messages.takeText(), u"追加しようしているデータ元がみつかりません。"_s);
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(control<QPlainTextEdit>(u"Rrogu"_s).toPlainText(), u"受付"_s);
+    EXPECT_EQ(column(u"SELECT Rログ FROM ログ"_s), QStringList());
+}
+
+TEST_F(UpkrogTest, TheScheduleNeedsATextAndTakesMidnightForNoTime)
+{
+    show(std::make_unique<upkyotei>(file, drafts, QDate(2024, 5, 1), nullptr));
+    press("Command1");
+    EXPECT_EQ(messages.takeText(), u"予定は空白禁止です。"_s);
+    EXPECT_TRUE(control<QPlainTextEdit>(u"yotei1"_s).hasFocus());
+    type(control<QPlainTextEdit>(u"yotei1"_s), u"棚卸"_s);
+    press("Command1");
+    EXPECT_EQ(valueOf(u"SELECT 日付 & ' ' & 時刻 & ' ' & 予定 FROM 予定"_s),
+              u"2024/05/01(水) 00:00 棚卸"_s);
+
+    const std::optional<core::KeptScheduleEntry> kept = core::readScheduleEntry(
+        file, {valueOf(u"SELECT 予定更新ID FROM 予定"_s).toLongLong(), 0, 0, {}});
+    ASSERT_TRUE(kept);
+    show(std::make_unique<upkyotei>(file, drafts, *kept, nullptr));
+    control<QTimeEdit>(u"DTPicker6"_s).setTime(QTime(9, 5));
+    press("Command1");
+    EXPECT_EQ(valueOf(u"SELECT 時刻 FROM 予定"_s), u"09:05"_s);
+}
+
+} // namespace

@@ -1,0 +1,212 @@
+#include "storage/scratch_file.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
+
+#include <functional>
+
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+using namespace storage;
+
+namespace {
+
+class Opening : public ScratchFile {
+protected:
+    QList<ErrorKind> openFails(const QString& file, const QString& password = Password,
+                               Mode mode = Mode::ReadWrite)
+    {
+        Connection other;
+        EXPECT_FALSE(other.open(file, password, mode));
+        EXPECT_FALSE(other.isOpen());
+        return takeErrors(other);
+    }
+};
+
+void write(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_EQ(file.write(bytes), bytes.size());
+}
+
+QByteArray read(const QString& path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+}
+
+QByteArray randomBytes(qsizetype size)
+{
+    QByteArray bytes(size, Qt::Uninitialized);
+    QRandomGenerator generator(20040229);
+    for (char& byte : bytes)
+        byte = static_cast<char>(generator.bounded(256));
+    return bytes;
+}
+
+TEST_F(Opening, WhatIsNoDataFileIsUnreadableAndStaysAsItIs)
+{
+    connection.close();
+    const QByteArray whole = read(path());
+    ASSERT_GT(whole.size(), 3 * 4096);
+    QByteArray flipped = whole;
+    flipped[100] = static_cast<char>(flipped[100] ^ 0x10);
+    const std::vector<std::pair<const char*, QByteArray>> files = {
+        {"empty", {}},
+        {"one byte", "x"},
+        {"text", QByteArray("これはデータファイルではない。\r\n").repeated(500)},
+        {"random bytes", randomBytes(whole.size())},
+        {"random bytes behind the salt", whole.first(16) + randomBytes(whole.size() - 16)},
+        {"cut inside the first page", whole.first(1000)},
+        {"cut behind the first page", whole.first(4096)},
+        {"cut by a page", whole.chopped(4096)},
+        {"cut inside the last page", whole.chopped(1)},
+        {"a flipped bit", flipped},
+    };
+    for (const auto& [name, bytes] : files) {
+        SCOPED_TRACE(name);
+        const QString file = path(u"他.mdb"_s);
+        write(file, bytes);
+        EXPECT_EQ(openFails(file), QList{ErrorKind::Unreadable});
+        EXPECT_EQ(read(file), bytes);
+        EXPECT_FALSE(QFileInfo::exists(file + u"-journal"_s));
+    }
+    EXPECT_EQ(openFails(path(), u"鍵 of the File"_s), QList{ErrorKind::Unreadable});
+    EXPECT_EQ(openFails(path(), QString()), QList{ErrorKind::Unreadable});
+    ASSERT_TRUE(QDir().mkdir(path(u"フォルダ.mdb"_s)));
+    EXPECT_EQ(openFails(path(u"フォルダ.mdb"_s)), QList{ErrorKind::Unreadable});
+    EXPECT_EQ(read(path()), whole);
+}
+
+TEST_F(Opening, UnreadableFilesGetOneMessage)
+{
+    write(path(u"他.mdb"_s), "x");
+    Connection other;
+    EXPECT_FALSE(other.open(path(u"他.mdb"_s), Password));
+    EXPECT_FALSE(other.open(path(), u"違う"_s));
+    ASSERT_EQ(other.errors().size(), 2);
+    EXPECT_EQ(other.errors()[0].message,
+              u"ファイルを読み込めません。ファイルが壊れているか、"
+              "このプログラムのファイルではありません。"_s);
+    EXPECT_EQ(other.errors()[1].message, other.errors()[0].message);
+}
+
+TEST_F(Opening, DamageInTheMiddleFailsTheStatementThatMeetsIt)
+{
+    fill(500);
+    connection.close();
+    QByteArray bytes = read(path());
+    for (qsizetype at = 6 * 4096; at < bytes.size(); at += 4096)
+        bytes[at + 2000] = static_cast<char>(bytes[at + 2000] + 1);
+    write(path(), bytes);
+    ASSERT_TRUE(connection.open(path(), Password));
+    Recordset all;
+    if (all.open(u"SELECT * FROM 品目"_s, connection)) {
+        while (!all.eof())
+            all.moveNext();
+    }
+    EXPECT_EQ(takeErrors(), QList{ErrorKind::Unreadable});
+}
+
+TEST_F(Opening, NothingIsCreatedByOpening)
+{
+    EXPECT_EQ(openFails(path(u"無い.mdb"_s)), QList{ErrorKind::Missing});
+    EXPECT_EQ(openFails(path(u"無い/無い.mdb"_s)), QList{ErrorKind::Missing});
+    EXPECT_FALSE(QFileInfo::exists(path(u"無い.mdb"_s)));
+    EXPECT_FALSE(QFileInfo::exists(path(u"無い.ldb"_s)));
+}
+
+TEST_F(Opening, ExclusiveAndSharedShutEachOtherOut)
+{
+    EXPECT_EQ(openFails(path(), Password, Mode::ShareExclusive), QList{ErrorKind::InUse});
+    OtherCopy shared(path());
+    EXPECT_EQ(rows(shared.connection, u"SELECT 内容 FROM 控え"_s), QStringList{u"最初"_s});
+    shared.connection.close();
+    connection.close();
+
+    OtherCopy exclusive(path(), Mode::ShareExclusive);
+    EXPECT_EQ(exclusive.connection.mode(), Mode::ShareExclusive);
+    EXPECT_EQ(openFails(path()), QList{ErrorKind::InUse});
+    EXPECT_EQ(openFails(path(), Password, Mode::ShareExclusive), QList{ErrorKind::InUse});
+    // Another way to the same file leads to the same lock.
+    ASSERT_TRUE(QFile::link(path(), path(u"近道.mdb"_s)));
+    EXPECT_EQ(openFails(path(u"近道.mdb"_s)), QList{ErrorKind::InUse});
+    exclusive.connection.close();
+    EXPECT_TRUE(connection.open(path(u"近道.mdb"_s), Password, Mode::ShareExclusive));
+}
+
+TEST_F(Opening, AFailedOpenLeavesTheFileFree)
+{
+    connection.close();
+    EXPECT_EQ(openFails(path(), u"違う"_s, Mode::ShareExclusive), QList{ErrorKind::Unreadable});
+    EXPECT_TRUE(connection.open(path(), Password, Mode::ShareExclusive));
+    EXPECT_FALSE(connection.open(path(), Password));
+    EXPECT_EQ(takeErrors(), QList{ErrorKind::State});
+    EXPECT_TRUE(connection.isOpen());
+}
+
+TEST_F(Opening, CreatingNeverWritesOverAFile)
+{
+    Connection other;
+    connection.close();
+    EXPECT_FALSE(other.create(path(), Password, definition()));
+    write(path(u"新.mdb-journal"_s), "left by a crash");
+    EXPECT_FALSE(other.create(path(u"新.mdb"_s), Password, definition()));
+    EXPECT_FALSE(other.create(path(u"無い/新.mdb"_s), Password, definition()));
+    EXPECT_EQ(takeErrors(other), (QList{ErrorKind::Exists, ErrorKind::Exists, ErrorKind::Missing}));
+    EXPECT_FALSE(QFileInfo::exists(path(u"新.mdb"_s)));
+
+    schema::Definition broken = definition();
+    broken.indexes[0].parts[0].column = u"無い列"_s;
+    EXPECT_FALSE(other.create(path(u"半端.mdb"_s), Password, broken));
+    EXPECT_EQ(other.errors().size(), 1);
+    EXPECT_FALSE(QFileInfo::exists(path(u"半端.mdb"_s)));
+    EXPECT_TRUE(connection.open(path(), Password));
+}
+
+TEST_F(Opening, NothingOfTheContentIsReadableInTheFile)
+{
+    execute(u"INSERT INTO 品目 (名称) VALUES ('plain words in a row')"_s);
+    connection.close();
+    const QByteArray bytes = read(path());
+    EXPECT_FALSE(bytes.contains("plain words"));
+    EXPECT_FALSE(bytes.contains(QByteArray("品目")));
+    EXPECT_FALSE(bytes.contains("SQLite format"));
+}
+
+// Permissions don't bind the superuser, a read-only mount does.
+bool forbidWriting(const QByteArray& folder)
+{
+    if (geteuid() != 0)
+        return chmod(folder, 0500) == 0;
+    return mount(folder, folder, nullptr, MS_BIND, nullptr) == 0
+        && mount(nullptr, folder, nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr) == 0;
+}
+
+void allowWriting(const QByteArray& folder)
+{
+    if (geteuid() != 0)
+        chmod(folder, 0700);
+    else
+        umount2(folder, MNT_DETACH);
+}
+
+TEST_F(Opening, AFolderThatCannotBeWrittenIsReadOnly)
+{
+    connection.close();
+    const QByteArray folder = QFile::encodeName(QFileInfo(path()).path());
+    if (!forbidWriting(folder))
+        GTEST_SKIP() << "a superuser that may not mount";
+    EXPECT_EQ(openFails(path()), QList{ErrorKind::ReadOnly});
+    allowWriting(folder);
+    EXPECT_TRUE(connection.open(path(), Password));
+}
+
+} // namespace

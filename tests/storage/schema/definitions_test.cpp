@@ -1,0 +1,183 @@
+#include "storage/schema/definitions.h"
+
+#include <gmock/gmock.h>
+
+#include <QSet>
+
+using namespace Qt::StringLiterals;
+using namespace storage::schema;
+using storage::Value;
+
+namespace {
+
+struct File {
+    const char* name;
+    Definition (*define)(Version);
+};
+
+void PrintTo(const File& file, std::ostream* out)
+{
+    *out << file.name;
+}
+
+Catalog catalogOf(const Definition& definition)
+{
+    Catalog catalog;
+    for (const Table& table : definition.tables)
+        EXPECT_TRUE(catalog.add(table)) << table.name().toStdString();
+    return catalog;
+}
+
+QString describe(const Table& table, const Column& column)
+{
+    static const QStringList types = {u"auto"_s, u"long"_s, u"real"_s, u"text"_s, u"date"_s};
+    const QString length = column.maxLength > 0 ? u"(%1)"_s.arg(column.maxLength) : QString();
+    return table.name() + u'.' + column.name + u' ' + types[static_cast<int>(column.type)] + length;
+}
+
+QSet<QString> columnsOf(const Definition& definition)
+{
+    QSet<QString> columns;
+    for (const Table& table : definition.tables) {
+        for (const Column& column : table.columns())
+            columns.insert(describe(table, column));
+    }
+    return columns;
+}
+
+Value seeded(const Definition& definition, const QString& table, const QString& column, int row = 1)
+{
+    for (const SeedRow& seed : definition.rows) {
+        if (seed.table != table || seed.values.first().second != Value(row))
+            continue;
+        for (const auto& [name, value] : seed.values) {
+            if (name == column)
+                return value;
+        }
+    }
+    return {};
+}
+
+class Definitions : public testing::TestWithParam<File> {};
+
+TEST_P(Definitions, NamesAreToldApartAfterFolding)
+{
+    for (const Version version : {Version::V300, Version::V311}) {
+        const Catalog catalog = catalogOf(GetParam().define(version));
+        for (const Table& table : catalog.tables()) {
+            EXPECT_EQ(catalog.find(table.name()), &table);
+            for (qsizetype i = 0; i < table.columns().size(); ++i)
+                EXPECT_EQ(table.indexOf(table.columns()[i].name), i) << table.name().toStdString();
+        }
+    }
+}
+
+TEST_P(Definitions, IndexesAndFirstRowsNameWhatIsThere)
+{
+    for (const Version version : {Version::V300, Version::V311}) {
+        const Definition definition = GetParam().define(version);
+        const Catalog catalog = catalogOf(definition);
+        QSet<QString> names;
+        for (const Index& index : definition.indexes) {
+            EXPECT_TRUE(index.name.startsWith(u'_'));
+            EXPECT_FALSE(names.contains(index.name)) << index.name.toStdString();
+            names.insert(index.name);
+            const Table* table = catalog.find(index.table);
+            ASSERT_NE(table, nullptr) << index.table.toStdString();
+            for (const IndexPart& part : index.parts)
+                EXPECT_GE(table->indexOf(part.column), 0) << index.name.toStdString();
+        }
+        for (const SeedRow& row : definition.rows) {
+            const Table* table = catalog.find(row.table);
+            ASSERT_NE(table, nullptr) << row.table.toStdString();
+            for (const auto& [column, value] : row.values)
+                EXPECT_GE(table->indexOf(column), 0) << column.toStdString();
+        }
+    }
+}
+
+// A file of the old version holds every index of the new one whose columns it has; the others are
+// made when the columns have been added.
+TEST_P(Definitions, OnlyIndexesOnAddedColumnsAreMissingInTheOldVersion)
+{
+    const Definition old = GetParam().define(Version::V300);
+    const Catalog catalog = catalogOf(old);
+    for (const Index& index : GetParam().define(Version::V311).indexes) {
+        const bool there = std::ranges::any_of(
+            old.indexes, [&index](const Index& other) { return other.name == index.name; });
+        const bool possible = std::ranges::all_of(index.parts, [&](const IndexPart& part) {
+            return catalog.find(index.table)->indexOf(part.column) >= 0;
+        });
+        EXPECT_EQ(there, possible) << index.name.toStdString();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Definitions,
+                         testing::Values(File{"main", mainDatabase}, File{"customer", customerFile},
+                                         File{"repair", repairFile}));
+
+TEST(Upgrade, AddsTheseColumnsAndNoOthers)
+{
+    const QString settings =
+        u"ログプレ表示 ログプレ手前 ログプレ横位置 ログプレ縦位置 ログプレ横幅 "
+        u"ログプレ縦幅 ログプレ表示列位置 "_s;
+    struct Case {
+        Definition (*define)(Version);
+        QString settings;
+        QSet<QString> others;
+    };
+    const Case cases[] = {
+        {mainDatabase, {}, {u"共通部品.売値 long"_s}},
+        {customerFile,
+         settings
+             + u"顧客詳細横位置 顧客詳細縦位置 顧客詳細表示列位置 件顧詳細表示列位置 "
+               u"最近更新顧客表示日数 最近更新件名ログ表示日数 件名表示日 件名予定強調"_s,
+         {u"ユーザー.最近更新日時 date"_s, u"件名.最近更新日時 date"_s, u"件名.予定日 text(13)"_s,
+          u"４印刷件名.予定日 text(13)"_s}},
+        {repairFile,
+         settings
+             + u"修理詳細横位置 修理詳細縦位置 修理詳細表示列位置 未収詳細表示列位置 "
+               u"最近更新修理表示日数 修理超過強調 超過日数"_s,
+         {u"修理.最近更新日時 date"_s}},
+    };
+    for (const Case& each : cases) {
+        QSet<QString> expected = each.others;
+        for (const QString& column : each.settings.split(u' ', Qt::SkipEmptyParts))
+            expected.insert(u"設定."_s + column + u" long"_s);
+        const QSet<QString> before = columnsOf(each.define(Version::V300));
+        const QSet<QString> after = columnsOf(each.define(Version::V311));
+        EXPECT_EQ(after - before, expected);
+        EXPECT_TRUE((before - after).isEmpty());
+    }
+}
+
+TEST(FirstRows, CarryTheirDefaults)
+{
+    const QString version = u"ﾊﾞｰｼﾞｮﾝ"_s;
+    const Definition main = mainDatabase(Version::V311);
+    EXPECT_EQ(seeded(main, u"main"_s, u"ﾃﾞｰﾀ"_s, 1), Value(u"Admin"_s));
+    EXPECT_TRUE(seeded(main, u"main"_s, u"ﾊﾟｽﾜｰﾄﾞ"_s, 1).isNull());
+    EXPECT_EQ(seeded(main, u"main"_s, u"種類"_s, 5), Value(version));
+    EXPECT_EQ(seeded(main, u"main"_s, u"ﾃﾞｰﾀ"_s, 5), Value(u"3.1.1"_s));
+
+    for (const auto& define : {customerFile, repairFile}) {
+        const Definition file = define(Version::V311);
+        const Definition old = define(Version::V300);
+        EXPECT_EQ(seeded(file, u"バージョン情報"_s, version), Value(u"3.1.1"_s));
+        EXPECT_EQ(seeded(old, u"バージョン情報"_s, version), Value(u"3.0.0"_s));
+        EXPECT_EQ(seeded(file, u"最新発番"_s, u"カスタム検索"_s), Value(0));
+        for (const QString& margin : {u"上"_s, u"左"_s, u"右"_s, u"下"_s})
+            EXPECT_EQ(seeded(file, u"設定"_s, margin), Value(15));
+        EXPECT_EQ(seeded(file, u"設定"_s, u"ログ表示数"_s), Value(100));
+        EXPECT_EQ(seeded(file, u"設定"_s, u"予定表示"_s), Value(0));
+        EXPECT_EQ(seeded(file, u"設定"_s, u"ログプレ横幅"_s), Value(9150));
+        EXPECT_EQ(seeded(file, u"設定"_s, u"ログプレ縦幅"_s), Value(2085));
+    }
+    EXPECT_EQ(seeded(customerFile(Version::V311), u"設定"_s, u"最近更新顧客表示日数"_s), Value(7));
+    const Definition repair = repairFile(Version::V311);
+    EXPECT_EQ(seeded(repair, u"設定"_s, u"超過日数"_s), Value(10));
+    EXPECT_EQ(seeded(repair, u"自社"_s, u"自社ID"_s), Value(1));
+    EXPECT_EQ(seeded(repair, u"５印刷ラベル２"_s, u"No"_s), Value(1));
+}
+
+} // namespace

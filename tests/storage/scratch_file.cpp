@@ -1,0 +1,112 @@
+#include "storage/scratch_file.h"
+
+#include "storage/engine/engine.h"
+#include "storage/transaction.h"
+
+using namespace Qt::StringLiterals;
+using namespace storage;
+
+schema::Definition ScratchFile::definition()
+{
+    using enum schema::ColumnType;
+    schema::Definition made;
+    made.tables = {schema::Table(u"品目"_s,
+                                 {{u"番号"_s, AutoNumber},
+                                  {u"数量"_s, Long},
+                                  {u"単価"_s, Real},
+                                  {u"名称"_s, Text},
+                                  {u"ﾒｰｶｰ"_s, Text, 5},
+                                  {u"更新日時"_s, DateTime}},
+                                 u"番号"_s),
+                   schema::Table(u"控え"_s, {{u"内容"_s, Text}, {u"数"_s, Long}}, {})};
+    made.indexes = {
+        {u"_品目_名称"_s, u"品目"_s, {{u"名称"_s, schema::IndexForm::Key}}},
+        {u"_品目_数量"_s, u"品目"_s, {{u"数量"_s, schema::IndexForm::Plain}}},
+    };
+    made.rows = {{u"控え"_s, {{u"内容"_s, Value(u"最初"_s)}, {u"数"_s, Value(0)}}}};
+    return made;
+}
+
+void ScratchFile::SetUp()
+{
+    ASSERT_TRUE(m_folder.isValid());
+    ASSERT_TRUE(connection.create(path(), Password, definition()));
+    connection.close();
+    ASSERT_TRUE(connection.open(path(), Password));
+}
+
+void ScratchFile::TearDown()
+{
+    EXPECT_EQ(takeErrors(), QList<ErrorKind>());
+    EXPECT_EQ(connection.transactionDepth(), 0);
+}
+
+QList<ErrorKind> ScratchFile::takeErrors(Connection& from)
+{
+    QList<ErrorKind> kinds;
+    for (const Error& error : from.errors())
+        kinds += error.kind;
+    from.clearErrors();
+    return kinds;
+}
+
+void ScratchFile::execute(Connection& on, const QString& statement)
+{
+    EXPECT_TRUE(on.execute(statement))
+        << statement.toStdString() << ": " << on.lastError().message.toStdString();
+}
+
+QStringList ScratchFile::rows(Connection& from, const QString& statement)
+{
+    QStringList result;
+    Recordset recordset;
+    EXPECT_TRUE(recordset.open(statement, from)) << from.lastError().message.toStdString();
+    for (; !recordset.eof(); recordset.moveNext()) {
+        QStringList fields;
+        for (int i = 0; i < recordset.fieldCount(); ++i) {
+            const Value value = recordset.value(i);
+            fields += value.isNull() ? u"-"_s : value.toText();
+        }
+        result += fields.join(u'|');
+    }
+    return result;
+}
+
+void ScratchFile::fill(int count)
+{
+    Transaction transaction(connection);
+    for (int i = 1; i <= count; ++i)
+        execute(u"INSERT INTO 品目 (名称, 数量) VALUES ('品"_s + QString::number(i) + u"', "_s
+                + QString::number(i) + u')');
+    EXPECT_TRUE(transaction.commit());
+}
+
+namespace {
+
+// The first row's first column, as text.
+QString ask(Connection& of, const QString& question)
+{
+    Error error;
+    const auto answer = of.session()->prepare({question, {}}, &error);
+    if (!answer || answer->step() != engine::Cursor::Step::Row)
+        return answer ? answer->error().message : error.message;
+    return answer->value(0, schema::ColumnType::Text).toText();
+}
+
+} // namespace
+
+QString ScratchFile::integrity(Connection& of)
+{
+    return ask(of, u"PRAGMA integrity_check"_s);
+}
+
+void ScratchFile::limitSize(Connection& of, int pages)
+{
+    const QString limit = QString::number(ask(of, u"PRAGMA page_count"_s).toInt() + pages);
+    ASSERT_EQ(ask(of, u"PRAGMA max_page_count = "_s + limit), limit);
+}
+
+void ScratchFile::shortenWaiting(Connection& of)
+{
+    ASSERT_EQ(ask(of, u"PRAGMA busy_timeout = 50"_s), u"50"_s);
+}

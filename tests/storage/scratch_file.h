@@ -1,0 +1,61 @@
+#pragma once
+
+#include "storage/connection.h"
+#include "storage/recordset.h"
+#include "storage/schema/definitions.h"
+#include "support/scratch_folder.h"
+
+#include <gtest/gtest.h>
+
+// A data file of its own for each test, with one table of every column type and one that has
+// neither a key nor a time stamp. At its end nothing may have failed but what the test took.
+class ScratchFile : public testing::Test {
+public:
+    static storage::schema::Definition definition();
+    static inline const QString Password = QStringLiteral("鍵 of the file");
+
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    QString path(const QString& name = QStringLiteral("在庫.mdb")) const
+    {
+        return m_folder.filePath(name);
+    }
+
+    // The kinds of what has failed so far; forgets them.
+    QList<storage::ErrorKind> takeErrors() { return takeErrors(connection); }
+    static QList<storage::ErrorKind> takeErrors(storage::Connection& from);
+    void execute(const QString& statement) { execute(connection, statement); }
+    static void execute(storage::Connection& on, const QString& statement);
+    // All rows, the fields of each joined by "|" and Null as "-".
+    QStringList rows(const QString& statement) { return rows(connection, statement); }
+    static QStringList rows(storage::Connection& from, const QString& statement);
+    // Adds `count` rows named 品1, 品2, … to 品目.
+    void fill(int count);
+
+    // What each engine has its own words for:
+    // its check of the whole file, "ok" when it is sound;
+    static QString integrity(storage::Connection& of);
+    // a file that may grow by no more than this many pages, as on a full disk;
+    static void limitSize(storage::Connection& of, int pages);
+    // a wait for other copies that a test has the time for.
+    static void shortenWaiting(storage::Connection& of);
+
+    storage::Connection connection; // on the file
+
+private:
+    ScratchFolder m_folder;
+};
+
+// Another copy of the program on the same file, in this process.
+class OtherCopy {
+public:
+    explicit OtherCopy(const QString& path, storage::Mode mode = storage::Mode::ReadWrite)
+    {
+        EXPECT_TRUE(connection.open(path, ScratchFile::Password, mode))
+            << connection.lastError().message.toStdString();
+    }
+
+    storage::Connection connection;
+};

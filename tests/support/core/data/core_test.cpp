@@ -1,0 +1,93 @@
+#include "support/core/data/core_test.h"
+
+#include "core/data/database_password.h"
+#include "core/data/main_database.h"
+#include "storage/engine/engine.h"
+
+#include <QFile>
+#include <QHash>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+namespace schema = storage::schema;
+
+namespace {
+
+void createFile(const QString& path, const schema::Definition& definition)
+{
+    storage::Error error;
+    const auto session =
+        storage::engine::createEmbedded(path, QString::fromUtf16(core::DatabasePassword), &error);
+    ASSERT_TRUE(session) << error.message.toStdString();
+    ASSERT_FALSE(session->create(definition));
+}
+
+} // namespace
+
+void CoreTest::makeFolder(schema::Version version)
+{
+    // Made once: deriving the key of a new file takes longer than most tests.
+    static QHash<schema::Version, std::shared_ptr<QTemporaryDir>> originals;
+    std::shared_ptr<QTemporaryDir>& made = originals[version];
+    if (!made) {
+        made = std::make_shared<QTemporaryDir>();
+        createFile(made->filePath(u"main.mdb"_s), schema::mainDatabase(version));
+        createFile(made->filePath(u"Corvane.mdb"_s), schema::customerFile(version));
+        createFile(made->filePath(u"Care.mdb"_s), schema::repairFile(version));
+    }
+    for (const QString& name : {u"main.mdb"_s, u"Corvane.mdb"_s, u"Care.mdb"_s})
+        ASSERT_TRUE(QFile::copy(made->filePath(name), file(name)));
+}
+
+void CoreTest::openFolder()
+{
+    makeFolder();
+    shared.programFolder = folder();
+    core::OpenMainDatabase(shared);
+    ASSERT_TRUE(shared.MainConnection->isOpen());
+}
+
+void CoreTest::TearDown()
+{
+    EXPECT_EQ(takeErrors().size(), 0);
+}
+
+void CoreTest::writeFile(const QString& name, const QByteArray& bytes) const
+{
+    QFile written(file(name));
+    ASSERT_TRUE(written.open(QIODevice::WriteOnly));
+    written.write(bytes);
+}
+
+QList<storage::ErrorKind> CoreTest::takeErrors()
+{
+    QList<storage::ErrorKind> kinds;
+    if (!shared.MainConnection)
+        return kinds;
+    for (const storage::Error& error : shared.MainConnection->errors())
+        kinds.append(error.kind);
+    shared.MainConnection->clearErrors();
+    return kinds;
+}
+
+void CoreTest::execute(const QString& statement)
+{
+    EXPECT_TRUE(shared.MainConnection->execute(statement))
+        << shared.MainConnection->lastError().message.toStdString();
+}
+
+QStringList CoreTest::rows(const QString& statement)
+{
+    QStringList found;
+    storage::Recordset row;
+    bool onRow = row.open(statement, *shared.MainConnection) && !row.eof();
+    while (onRow) {
+        QStringList fields;
+        for (int i = 0; i < row.fieldCount(); ++i)
+            fields.append(row.value(i).isNull() ? u"Null"_s : row.value(i).toText());
+        found.append(fields.join(u'|'));
+        onRow = row.moveNext();
+    }
+    return found;
+}

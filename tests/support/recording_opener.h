@@ -1,0 +1,18 @@
+#pragma once
+
+#include "core/data/opener.h"
+
+#include <QStringList>
+
+// Stands in for the desktop: keeps what it was asked to open.
+class RecordingOpener : public core::Opener {
+public:
+    bool open(const QString& target) override
+    {
+        opened.append(target);
+        return succeeds;
+    }
+
+    QStringList opened;
+    bool succeeds = true;
+};

@@ -1,0 +1,91 @@
+"""Each check finds what it is there to find, and is silent about what is right."""
+
+import shutil
+import subprocess
+import unittest
+
+from check_case import CheckCase, ROOT
+
+
+class Checks(CheckCase):
+    def test_layers(self):
+        for path, include, finding in [
+            ("src/text/a.cpp", '"storage/value.h"', "1: text may not include"),
+            ("src/storage/sql/a.cpp", '"core/data/clock.h"', "1: storage may not include"),
+            ("src/customer/data/a.h", '"repair/data/jobs.h"', "1: customer/data may not"),
+            ("src/core/data/a.cpp", '"ui/message_boxes.h"', "1: core/data may not include"),
+            ("src/ui/a.cpp", '"core/screens/top.h"', "1: ui may not include"),
+            ("src/repair/screens/a.cpp", '"customer/data/cases.h"', "1: repair/screens may not"),
+            ("src/repair/screens/a.cpp", '"customer/shared/upyotei.h"', None),
+            ("src/customer/screens/a.cpp", '"repair/screens/a.h"', "1: customer/screens may not"),
+            ("src/app/main.cpp", '"customer/screens/kokyaku.h"', None),
+            ("src/core/data/a.cpp", "<QWidget>", "1: core/data may use of Qt only QtCore"),
+            ("src/text/a.cpp", "<QtGui/QColor>", "1: text may use of Qt only QtCore"),
+            ("src/storage/a.cpp", "<QString>", None),
+            ("src/storage/a.cpp", "<QtCore/QFile>", None),
+            ("src/ui/a.cpp", "<QWidget>", None),
+            ("src/storage/a.cpp", "<sqlite3.h>", "1: <sqlite3.h> belongs to"),
+            ("src/storage/engine/sqlite/a.cpp", "<sqlite3.h>", None),
+            ("src/storage/a.cpp", "<unicode/coll.h>", "1: <unicode/coll.h> belongs to"),
+            ("src/elsewhere/a.cpp", "<QString>", "1: stands in no room"),
+        ]:
+            self.expect("layers", path, f"#include {include}\n", finding)
+        self.expect("layers", "src/text/a.cpp", '// #include "storage/value.h"\n', None)
+
+    def test_sizes(self):
+        for path, lines, finding in [
+            ("src/text/a.cpp", 400, None),
+            ("src/text/a.cpp", 401, "401: 401 lines where 400"),
+            ("src/core/screens/top.ui", 401, "401: 401 lines"),
+            ("tests/text/a_test.cpp", 300, None),
+            ("tests/text/a_test.cpp", 301, "301: 301 lines where 300"),
+            ("tests/storage/statements.txt", 5000, None),
+        ]:
+            self.expect("sizes", path, "\n" * lines, finding)
+
+    def test_screens(self):
+        place = "src/customer/screens/kokyaku.cpp"
+        for line, finding in [
+            ("QMessageBox::warning(this, t, t);", "1: QMessageBox"),
+            ("storage::Recordset rows;", "1: Recordset"),
+            ('#include "storage/recordset.h"', "1: storage/recordset.h"),
+            ("const QDate today = QDate::currentDate();", "1: currentDate"),
+            ('m_list.show(u"Select * From t"_s);', '1: "Select'),
+            ("QFile file(path);", "1: QFile"),
+            ("QFileDialog::getOpenFileName(this);", "1: QFileDialog"),
+            ("// QMessageBox is not for here", None),
+            ('setTitle(u"更新"_s);', None),
+        ]:
+            self.expect("screens", place, line + "\n", finding)
+        self.expect("screens", "src/customer/shared/upyotei.cpp", "QDir d;\n", "1: QDir")
+        self.expect("screens", "src/ui/message_boxes.cpp", "QMessageBox box;\n", None)
+        self.expect("screens", "src/customer/data/cases.cpp", "Recordset rows;\n", None)
+
+    def test_words(self):
+        for line, finding in [
+            ("// see the specifica" "tion\n", "1: specifica" "tion"),
+            ("// as Part 2." "1 says\n", "1: Part 2." "1"),
+            ("// 仕様" "書\n", "1: 仕様" "書"),
+            ("\nopen('/wo" "rk/main/x')\n", "2: /wo" "rk/"),
+            ("// TO" "DO later\n", "1: TO" "DO"),
+            ("mktemp fetch.XX" "XXXX, src/wo" "rk/x, a part of it\n", None),
+        ]:
+            self.expect("words", "src/text/a.cpp", line, finding)
+        self.write("src/text/a.cpp", "\n")
+        self.expect("words", "docs/仕様" "書.md", "\n", "1: the file's name")
+
+    def test_tidy_cuts_long_functions(self):
+        if shutil.which("clang-tidy-14") is None:
+            self.skipTest("clang-tidy-14 is missing")
+        shutil.copy(ROOT / ".clang-tidy", self.root)
+        for lines, found in [(58, False), (61, True)]:
+            body = "    ++number;\n" * lines
+            self.write("src/text/a.cpp", f"int f(int number)\n{{\n{body}    return number;\n}}\n")
+            done = subprocess.run(["clang-tidy-14", "--quiet", "src/text/a.cpp", "--"],
+                                  cwd=self.root, capture_output=True, text=True, check=False)
+            self.assertEqual(found, "readability-function-size" in done.stdout, done.stdout)
+            self.assertEqual(found, done.returncode != 0)
+
+
+if __name__ == "__main__":
+    unittest.main()

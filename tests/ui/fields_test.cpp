@@ -1,0 +1,176 @@
+#include "support/scripted_messages.h"
+#include "text/dates.h"
+#include "ui/date_picker.h"
+#include "ui/digits_line_edit.h"
+#include "ui/marked_calendar.h"
+#include "ui/reading_filler.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QTest>
+#include <QVBoxLayout>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+struct Step {
+    QString preedit;
+    QString commit;
+};
+
+struct Typing {
+    const char* what;
+    QList<Step> steps;
+    QString reading;
+};
+
+class ReadingFillerTest : public testing::Test {
+protected:
+    void compose(const Step& step)
+    {
+        QInputMethodEvent event(step.preedit, {});
+        event.setCommitString(step.commit);
+        QCoreApplication::sendEvent(&name, &event);
+    }
+    void write(const QString& typedName, const QString& kana)
+    {
+        compose({kana, {}});
+        compose({{}, typedName});
+    }
+
+    QLineEdit name;
+    QLineEdit reading;
+    ui::ReadingFiller filler{&name, &reading};
+};
+
+TEST_F(ReadingFillerTest, FollowsTheKeystrokes)
+{
+    const Typing cases[] = {
+        {"romaji input, converted",
+         {{u"し"_s, {}}, {u"しb"_s, {}}, {u"しぶや"_s, {}}, {u"渋谷"_s, {}}, {{}, u"渋谷"_s}},
+         u"ｼﾌﾞﾔ"_s},
+        {"a trailing n is ん", {{u"けn"_s, {}}, {u"健"_s, {}}, {{}, u"健"_s}}, u"ｹﾝ"_s},
+        {"a full-width trailing n", {{u"しｎ"_s, {}}, {u"新"_s, {}}, {{}, u"新"_s}}, u"ｼﾝ"_s},
+        {"two conversions",
+         {{u"やまだ"_s, {}}, {{}, u"山田"_s}, {u"はなこ"_s, {}}, {{}, u"花子"_s}},
+         u"ﾔﾏﾀﾞﾊﾅｺ"_s},
+        {"katakana as typed", {{u"カード"_s, {}}, {{}, u"カード"_s}}, u"ｶｰﾄﾞ"_s},
+        {"a correction before the conversion",
+         {{u"さかい"_s, {}}, {u"さか"_s, {}}, {u"坂"_s, {}}, {{}, u"坂"_s}},
+         u"ｻｶ"_s},
+        {"a conversion that is given up",
+         {{u"だめ"_s, {}}, {{}, {}}, {u"よし"_s, {}}, {{}, u"良"_s}},
+         u"ﾖｼ"_s},
+        {"kanji without keystrokes", {{{}, u"渋谷"_s}}, QString()},
+    };
+    for (const Typing& each : cases) {
+        name.clear();
+        reading.clear();
+        for (const Step& step : each.steps)
+            compose(step);
+        EXPECT_EQ(reading.text(), each.reading) << each.what;
+    }
+}
+
+TEST_F(ReadingFillerTest, TakesPlainKeysToo)
+{
+    QTest::keyClicks(&name, u"ABC 3"_s);
+    EXPECT_EQ(reading.text(), u"ABC 3"_s);
+}
+
+TEST_F(ReadingFillerTest, LeavesAReadingOfTheUsersOwnAlone)
+{
+    write(u"山田"_s, u"やまだ"_s);
+    reading.setText(u"ﾔﾏﾀﾞ ﾃｲ"_s);
+    write(u"邸"_s, u"てい"_s);
+    EXPECT_EQ(reading.text(), u"ﾔﾏﾀﾞ ﾃｲ"_s);
+    name.clear();
+    EXPECT_EQ(reading.text(), u"ﾔﾏﾀﾞ ﾃｲ"_s);
+
+    reading.clear();
+    write(u"鈴木"_s, u"すずき"_s);
+    EXPECT_EQ(reading.text(), u"ｽｽﾞｷ"_s) << "an empty reading is filled again";
+    name.clear();
+    EXPECT_EQ(reading.text(), QString()) << "what it filled goes with the name";
+}
+
+class DigitsLineEditTest : public testing::Test {
+protected:
+    DigitsLineEditTest()
+    {
+        auto* const line = new QVBoxLayout(&form);
+        line->addWidget(&price);
+        line->addWidget(&other);
+        price.checkOnLeaving(messages);
+        form.show();
+        QApplication::setActiveWindow(&form);
+        price.setFocus();
+    }
+
+    ScriptedMessages messages;
+    QWidget form;
+    ui::DigitsLineEdit price;
+    QLineEdit other;
+};
+
+TEST_F(DigitsLineEditTest, TakesDigitsAndBackspaceOnly)
+{
+    QTest::keyClicks(&price, u"1a2-.3 "_s);
+    QKeyEvent fullWidth(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, u"４"_s);
+    QCoreApplication::sendEvent(&price, &fullWidth);
+    EXPECT_EQ(price.text(), u"123"_s);
+    QTest::keyClick(&price, Qt::Key_Backspace);
+    EXPECT_EQ(price.text(), u"12"_s);
+    EXPECT_FALSE(price.inputMethodQuery(Qt::ImEnabled).toBool() && [this] {
+        QInputMethodQueryEvent query(Qt::ImEnabled);
+        QCoreApplication::sendEvent(&price, &query);
+        return query.value(Qt::ImEnabled).toBool();
+    }());
+    other.setFocus();
+    QTest::qWait(0);
+    EXPECT_TRUE(messages.takeBoxes().isEmpty());
+}
+
+TEST_F(DigitsLineEditTest, LooksAtPastedTextWhenItIsLeft)
+{
+    for (const QString& pasted : {u"1,200"_s, u"１２"_s, u""_s, u"-5"_s}) {
+        price.setText(pasted);
+        other.setFocus();
+        QTest::qWait(0);
+        const QList<ScriptedMessages::Box> expected{{48, u"数字のみ入力して下さい。"_s}};
+        EXPECT_EQ(messages.takeBoxes(), expected) << pasted.toStdString();
+        EXPECT_EQ(price.text(), u"0"_s);
+        EXPECT_EQ(QApplication::focusWidget(), &price);
+    }
+}
+
+TEST(DatePicker, ShowsTheStoredTextOnAnyMachine)
+{
+    const QLocale before;
+    for (const QLocale::Language language : {QLocale::C, QLocale::Japanese, QLocale::German}) {
+        QLocale::setDefault(QLocale(language));
+        for (const QDate day : {QDate(1900, 1, 1), QDate(2024, 2, 29), QDate(2051, 12, 31)}) {
+            ui::DatePicker picker;
+            picker.setDate(day);
+            EXPECT_EQ(picker.text(), text::formatDate(day));
+        }
+        ui::TimePicker time;
+        time.setTime(QTime(9, 5));
+        EXPECT_EQ(time.text(), u"09:05"_s);
+    }
+    QLocale::setDefault(before);
+}
+
+TEST(MarkedCalendar, KnowsTheDaysOnItsSheet)
+{
+    ui::MarkedCalendar calendar;
+    calendar.setCurrentPage(2024, 9); // begins on a Sunday
+    EXPECT_EQ(calendar.shownDays(), std::pair(QDate(2024, 8, 25), QDate(2024, 10, 5)));
+    calendar.setCurrentPage(2024, 6); // begins on a Saturday
+    EXPECT_EQ(calendar.shownDays(), std::pair(QDate(2024, 5, 26), QDate(2024, 7, 6)));
+}
+
+} // namespace

@@ -1,0 +1,130 @@
+"""clang-tidy over the sources of a configured build, two at a time.
+
+A source without findings is not looked at again until it, a header or form of ours that it includes,
+its flags, the settings or clang-tidy itself change; the marks of clean sources stand in the user's
+cache, where other checkouts find them too.
+
+Usage: tidy.py [ROOT [BUILD_FOLDER]]
+"""
+
+import concurrent.futures
+import functools
+import hashlib
+import json
+import os
+import pathlib
+import re
+import subprocess
+import sys
+
+import common
+
+TIDY = "clang-tidy-14"
+INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
+NOISE = re.compile(r"^\d+ warnings?( and \d+ errors?)? (generated|treated as errors?)\b.*"
+                   r"|^(Suppressed|Use -header-filter).*|^Error while processing .*")
+
+
+def cache_folder():
+    base = os.environ.get("XDG_CACHE_HOME") or os.path.expanduser("~/.cache")
+    folder = pathlib.Path(base) / "corvane" / "tidy"
+    folder.mkdir(parents=True, exist_ok=True)
+    return folder
+
+
+class Sources:
+    """Finds what a source includes of our own files."""
+
+    def __init__(self, root):
+        self.root = root
+
+    def locate(self, includer, name):
+        candidates = [includer.parent / name, self.root / "src" / name, self.root / "tests" / name]
+        if name.startswith("ui_"):
+            candidates = [includer.parent / (name[3:-2] + ".ui")]
+        return next((path for path in candidates if path.is_file()), None)
+
+    @functools.cache
+    def direct(self, path):
+        if path.suffix == ".ui":
+            return ()
+        found = (self.locate(path, name) for name in INCLUDE.findall(common.text_of(path) or ""))
+        return tuple(target for target in found if target)
+
+    def closure(self, path):
+        seen, pending = set(), [path]
+        while pending:
+            current = pending.pop()
+            if current not in seen:
+                seen.add(current)
+                pending.extend(self.direct(current))
+        return sorted(seen)
+
+    @functools.cache
+    def digest(self, path):
+        return hashlib.sha256(path.read_bytes()).hexdigest()
+
+
+def key_of(sources, entry, build, versions):
+    """What the verdict on a source depends on, as a file name."""
+    hasher = hashlib.sha256(versions)
+    settings = next(folder / ".clang-tidy" for folder in pathlib.Path(entry["file"]).parents
+                    if (folder / ".clang-tidy").is_file())
+    hasher.update(settings.read_bytes())
+    flags = entry["command"].replace(str(build), "BUILD").replace(str(sources.root), "ROOT")
+    hasher.update(flags.encode())
+    for path in sources.closure(pathlib.Path(entry["file"])):
+        hasher.update(f"{path.relative_to(sources.root)} {sources.digest(path)}\n".encode())
+    return hasher.hexdigest()
+
+
+def tidy(root, build, path):
+    """The findings on one source as text, empty when there are none."""
+    done = subprocess.run([TIDY, "-p", str(build), "--quiet", str(path)],
+                          cwd=root, capture_output=True, text=True, check=False)
+    lines = (done.stdout + done.stderr).splitlines()
+    told = [line.replace(f"{root}/", "") for line in lines if not NOISE.match(line)]
+    if done.returncode == 0:
+        return ""
+    return "\n".join(told) or f"{path}: {TIDY} ended with {done.returncode}"
+
+
+def tool_versions():
+    version = subprocess.run([TIDY, "--version"], capture_output=True, check=True).stdout
+    version = re.sub(rb"Host CPU:.*", b"", version)
+    qt = subprocess.run(["qmake6", "-query", "QT_VERSION"], capture_output=True, check=False).stdout
+    return version + qt
+
+
+def main():
+    root = common.root_from_arguments()
+    build = pathlib.Path(sys.argv[2]).resolve() if len(sys.argv) > 2 else root / "build" / "dev"
+    commands = build / "compile_commands.json"
+    if not commands.is_file():
+        print(f"tidy: {commands} is missing: configure first (cmake --preset dev)")
+        return 1
+    ours = {root / path for path in common.files(root, ".cpp")}
+    entries = {pathlib.Path(entry["file"]): entry for entry in json.loads(commands.read_text())}
+    entries = {path: entry for path, entry in entries.items() if path in ours}
+
+    sources, tools, cache = Sources(root), tool_versions(), cache_folder()
+    keys = {path: key_of(sources, entry, build, tools) for path, entry in entries.items()}
+    pending = [path for path in sorted(entries) if not (cache / keys[path]).exists()]
+    print(f"tidy: {len(pending)} of {len(entries)} sources to look at", flush=True)
+
+    failed, seen = 0, set()
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        findings = pool.map(functools.partial(tidy, root, build), pending)
+        for path, finding in zip(pending, findings):
+            if finding:
+                failed += 1
+                if finding not in seen:
+                    print(finding, flush=True)
+                seen.add(finding)
+            else:
+                (cache / keys[path]).touch()
+    return 1 if failed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
