@@ -2,6 +2,10 @@
 #   One program of folder/**.cpp, or of folder.cpp alone. Left out while it has no sources.
 # corvane_templates()
 #   The read-only originals of the data files, made by make_templates into share/corvane.
+# corvane_help()
+#   The compiled help beside them; left out where there is no compiler for it.
+# corvane_compiled_only(NAME PATH folder USES target...)
+#   Sources that are compiled, so that they follow the code, but make no program here.
 # corvane_fuzz_targets(PATH folder USES target...)
 #   One libFuzzer program for each source in the folder.
 
@@ -50,6 +54,31 @@ function(corvane_templates)
         add_dependencies(corvane templates)
     endif()
     install(FILES ${files} DESTINATION share/corvane)
+endfunction()
+
+function(corvane_help)
+    find_program(CORVANE_CHMCMD chmcmd)
+    if(NOT CORVANE_CHMCMD)
+        message(STATUS "No chmcmd (package fp-utils): the help is shown without its .chm file")
+        return()
+    endif()
+    set(file ${PROJECT_BINARY_DIR}/share/corvane/コルヴァン３ヘルプ.chm)
+    file(GLOB pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/help/*.html)
+    add_custom_command(OUTPUT ${file}
+        COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/share/corvane
+        COMMAND ${PROJECT_SOURCE_DIR}/tools/make_help.sh ${file}
+        DEPENDS ${pages} ${PROJECT_SOURCE_DIR}/tools/make_help.sh VERBATIM
+        COMMENT "Compiling the help")
+    add_custom_target(help_file ALL DEPENDS ${file})
+    install(FILES ${file} DESTINATION share/corvane)
+endfunction()
+
+function(corvane_compiled_only name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "PATH" "USES")
+    corvane_sources(sources ${arg_PATH})
+    add_library(${name} OBJECT ${sources})
+    target_link_libraries(${name} PRIVATE ${arg_USES} corvane_options)
+    target_compile_definitions(${name} PRIVATE QT_NO_CAST_FROM_ASCII)
 endfunction()
 
 function(corvane_fuzz_targets)

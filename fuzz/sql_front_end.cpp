@@ -109,6 +109,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     prepare(database, compiled.statement, statement);
     prepare(database, compiled.count, statement);
     if (compiled.kind == sql::StatementKind::Rows)
-        prepare(database, sql::window(compiled.statement, 10, 5, dialect), statement);
+        prepare(database, sql::window(compiled, 10, 5, dialect), statement);
     return 0;
 }

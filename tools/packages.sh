@@ -11,7 +11,8 @@ qt6-base-dev         |              | windows, files and texts (Qt 6)
 libgl-dev            |              | wanted by the headers of Qt's windows
 qt6-svg-dev          |              | draws the icons
 qt6-tools-dev-tools  |              | Qt's tools for forms and translations
-libicu-dev           |              | Japanese sort order"
+libicu-dev           |              | Japanese sort order
+fp-utils             | chmcmd       | compiles the help file"
 
 # Wanted only while the database engine is not yet in the cache.
 fetch_packages="

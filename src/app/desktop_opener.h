@@ -6,4 +6,5 @@
 class DesktopOpener : public core::Opener {
 public:
     bool open(const QString& target) override;
+    bool openHelp(const QString& helpFile) override;
 };

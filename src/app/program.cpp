@@ -41,6 +41,11 @@ bool Program::has(Screen screen) const
     return screen != Screen::Exchange;
 }
 
+bool Program::has(core::DataKind kind) const
+{
+    return kind == core::DataKind::Customer;
+}
+
 void Program::show(Screen screen)
 {
     switch (screen) {
@@ -77,10 +82,7 @@ void Program::endProgram()
 std::optional<core::OpenedDataFile> Program::open(core::DataKind kind, const QString& path,
                                                   storage::Mode mode)
 {
-    if (kind == core::DataKind::Customer)
-        return openCustomers(path, mode);
-    m_shared.messages.tell(u"この画面はまだありません。"_s);
-    return std::nullopt;
+    return has(kind) ? openCustomers(path, mode) : std::nullopt;
 }
 
 std::optional<core::OpenedDataFile> Program::openCustomers(const QString& path, storage::Mode mode)

@@ -24,6 +24,7 @@ public:
     void start();
 
     bool has(core::Screen screen) const override;
+    bool has(core::DataKind kind) const override;
     void show(core::Screen screen) override;
     void showChooser(core::DataKind kind) override;
     void endProgram() override;

@@ -92,7 +92,8 @@ std::optional<QString> MessageBoxes::askText(const QString& prompt, const QStrin
     QInputDialog dialog(QApplication::activeWindow());
     dialog.setWindowTitle(title);
     dialog.setLabelText(prompt);
-    dialog.setTextEchoMode(secret ? QLineEdit::Password : QLineEdit::Normal);
+    // Hidden, but not while it is typed: passwords may hold kana, and the input method needs that.
+    dialog.setTextEchoMode(secret ? QLineEdit::PasswordEchoOnEdit : QLineEdit::Normal);
     dialog.setOkButtonText(u"OK"_s);
     dialog.setCancelButtonText(u"キャンセル"_s);
     // Enter that confirms a kana conversion must not close the box.

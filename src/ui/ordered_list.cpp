@@ -47,9 +47,8 @@ void OrderedList::orderBy(int column)
 {
     if (!m_shown)
         return;
-    const std::optional<ListOrder> present = m_clicked ? m_clicked : m_definition.standingOrder();
-    const bool again = present && present->column == column;
-    m_clicked = ListOrder{column, again && !present->descending};
+    const bool again = m_clicked && m_clicked->column == column;
+    m_clicked = ListOrder{column, again && !m_clicked->descending};
     m_list.fill(m_definition.open(m_clicked), m_definition.tableRows);
     showOrder();
 }

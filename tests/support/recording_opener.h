@@ -13,6 +13,8 @@ public:
         return succeeds;
     }
 
+    bool openHelp(const QString& helpFile) override { return open(helpFile); }
+
     QStringList opened;
     bool succeeds = true;
 };

@@ -21,6 +21,15 @@ namespace {
 
 enum Button { Administration, Customers, Repairs, Exchange, Optimise, Help, Version, Exit };
 
+// Whether the user went to the control by key; coming back to the window is no such choice.
+bool isFocusByKey(const QEvent& event)
+{
+    if (event.type() != QEvent::FocusIn)
+        return false;
+    const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
+    return reason != Qt::ActiveWindowFocusReason && reason != Qt::OtherFocusReason;
+}
+
 } // namespace
 
 menu::menu(Shared& shared, ScreenFlow& flow, Opener& opener, QWidget* parent)
@@ -54,7 +63,7 @@ bool menu::eventFilter(QObject* watched, QEvent* event)
     if (watched == m_ui->Picture1) {
         if (event->type() == QEvent::MouseMove)
             Picture1_MouseMove();
-    } else if (event->type() == QEvent::Enter || event->type() == QEvent::FocusIn) {
+    } else if (event->type() == QEvent::Enter || isFocusByKey(*event)) {
         for (int i = 0; i < ButtonCount; ++i) {
             if (watched == m_Command1[static_cast<size_t>(i)])
                 Command1_MouseMove(i);
@@ -113,7 +122,7 @@ void menu::Command1_Click(int index)
 void menu::leaveFor(Screen screen)
 {
     if (!m_flow.has(screen)) {
-        m_shared.messages.tell(u"この画面はまだありません。"_s);
+        tellMissing();
         return;
     }
     m_shared.EndOnMenuClose = false;
@@ -123,14 +132,23 @@ void menu::leaveFor(Screen screen)
 
 void menu::leaveForChooser(DataKind kind)
 {
+    if (!m_flow.has(kind)) {
+        tellMissing();
+        return;
+    }
     m_shared.EndOnMenuClose = false;
     close();
     m_flow.showChooser(kind);
 }
 
+void menu::tellMissing()
+{
+    m_shared.messages.tell(u"この画面はまだありません。"_s);
+}
+
 void menu::showHelp()
 {
-    if (!m_opener.open(m_shared.HelpFilePath))
+    if (!m_opener.openHelp(m_shared.HelpFilePath))
         m_shared.messages.refuse(u"ヘルプを開けませんでした。"_s);
 }
 

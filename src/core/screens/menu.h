@@ -39,6 +39,7 @@ private:
     void Command1_Click(int index);
     void Command1_MouseMove(int index);
     void Picture1_MouseMove();
+    void tellMissing();
     void showHelp();
     // Close the menu without ending the program and show what follows. A screen that the program
     // lacks is told to the user, and the menu stays.

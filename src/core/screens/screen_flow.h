@@ -18,8 +18,9 @@ enum class Screen { Menu, Login, Admin, Exchange, Optimisation };
 class ScreenFlow {
 public:
     virtual ~ScreenFlow() = default;
-    // Whether the program has that screen.
+    // Whether the program has that screen, and the main screen of that kind of data.
     virtual bool has(Screen screen) const = 0;
+    virtual bool has(DataKind kind) const = 0;
     virtual void show(Screen screen) = 0;
     // Shows the data-file chooser for a kind, marked as opened from the menu.
     virtual void showChooser(DataKind kind) = 0;

@@ -215,7 +215,7 @@ void kokyaku::Toolbar1_ButtonClick(QAction* button)
         m_commands->actions().MenuRogListAdd->trigger();
     else if (button == m_ui->ToolYoteiAdd)
         m_commands->actions().MenuYoteiAdd->trigger();
-    else if (button == m_ui->ToolHelp && !m_desk.opener.open(m_desk.shared.HelpFilePath))
+    else if (button == m_ui->ToolHelp && !m_desk.opener.openHelp(m_desk.shared.HelpFilePath))
         m_desk.shared.messages.refuse(u"ヘルプを開けませんでした。"_s);
 }
 
@@ -253,7 +253,7 @@ void kokyaku::restoreDesk()
     m_ui->splitDesk->setStretchFactor(1, 1);
     m_ui->splitIndex->setSizes({340, 300});
     m_ui->splitIndex->setStretchFactor(0, 1);
-    m_ui->splitLists->setSizes({260, 215, 135});
+    m_ui->splitLists->setSizes({225, 260, 125});
     ui::restoreWindow(*this, m_desk.userSettings);
     for (QSplitter* const splitter : findChildren<QSplitter*>())
         ui::restoreSplitter(*splitter, m_desk.userSettings);

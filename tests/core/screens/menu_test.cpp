@@ -2,6 +2,7 @@
 
 #include "support/core/data/core_test.h"
 #include "support/core/screens/screen_doubles.h"
+#include "support/recording_opener.h"
 
 #include <QEnterEvent>
 #include <QLabel>
@@ -51,7 +52,7 @@ protected:
     }
 
     RecordedFlow flow;
-    RecordedOpener opener;
+    RecordingOpener opener;
     std::unique_ptr<core::menu> menu;
 };
 
@@ -93,11 +94,15 @@ TEST_F(Menu, ButtonsHandOverWithoutEndingTheProgram)
 TEST_F(Menu, StaysWhenAScreenIsNotThereYet)
 {
     flow.lacking = {Screen::Exchange};
-    QTest::mouseClick(button(3), Qt::LeftButton);
-    EXPECT_THAT(messages.takeBoxes(), ElementsAre(Box{64, u"この画面はまだありません。"_s}));
+    flow.lackingKinds = {DataKind::Repair};
+    for (const int index : {2, 3}) {
+        QTest::mouseClick(button(index), Qt::LeftButton);
+        EXPECT_THAT(messages.takeBoxes(), ElementsAre(Box{64, u"この画面はまだありません。"_s}));
+    }
     EXPECT_TRUE(menu->isVisible());
     EXPECT_TRUE(shared.EndOnMenuClose);
     EXPECT_THAT(flow.shown, IsEmpty());
+    EXPECT_THAT(flow.choosers, IsEmpty());
 }
 
 TEST_F(Menu, HelpOpensTheHelpFileAndTheMenuStays)
@@ -107,7 +112,7 @@ TEST_F(Menu, HelpOpensTheHelpFileAndTheMenuStays)
     QTest::keyClick(menu.get(), Qt::Key_F1);
     opener.succeeds = false;
     QTest::mouseClick(button(5), Qt::LeftButton);
-    EXPECT_THAT(opener.targets, ElementsAre(shared.HelpFilePath, shared.HelpFilePath));
+    EXPECT_THAT(opener.opened, ElementsAre(shared.HelpFilePath, shared.HelpFilePath));
     EXPECT_THAT(messages.takeBoxes(), ElementsAre(Box{16, u"ヘルプを開けませんでした。"_s}));
     EXPECT_TRUE(menu->isVisible());
 }

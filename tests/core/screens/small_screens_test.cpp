@@ -4,6 +4,7 @@
 #include "core/screens/version.h"
 #include "support/core/data/core_test.h"
 #include "support/core/screens/screen_doubles.h"
+#include "support/recording_opener.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -55,7 +56,7 @@ TEST_F(SmallScreens, TheSplashColourIsNeverBlack)
 
 TEST_F(SmallScreens, TheVersionScreenOpensAddresses)
 {
-    RecordedOpener opener;
+    RecordingOpener opener;
     core::version screen(opener);
     screen.findChild<QLineEdit*>(u"Text1"_s)->setText(u"http://shop.example/"_s);
     QTest::mouseClick(screen.findChild<QPushButton*>(u"Command1"_s), Qt::LeftButton);
@@ -63,7 +64,7 @@ TEST_F(SmallScreens, TheVersionScreenOpensAddresses)
         screen.findChild<QLineEdit*>(u"Text2"_s)->setText(address);
         QTest::mouseClick(screen.findChild<QPushButton*>(u"Command2"_s), Qt::LeftButton);
     }
-    EXPECT_THAT(opener.targets,
+    EXPECT_THAT(opener.opened,
                 ElementsAre(u"http://shop.example/"_s, u"mailto:a@shop.example"_s,
                             u"MailTo:b@shop.example"_s, u"mailto:mail"_s));
 }

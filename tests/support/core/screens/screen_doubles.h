@@ -1,6 +1,5 @@
 #pragma once
 
-#include "core/data/opener.h"
 #include "core/screens/screen_flow.h"
 
 #include <QList>
@@ -10,27 +9,16 @@
 class RecordedFlow : public core::ScreenFlow {
 public:
     bool has(core::Screen screen) const override { return !lacking.contains(screen); }
+    bool has(core::DataKind kind) const override { return !lackingKinds.contains(kind); }
     void show(core::Screen screen) override { shown.append(screen); }
     void showChooser(core::DataKind kind) override { choosers.append(kind); }
     void endProgram() override { ++ends; }
 
     QList<core::Screen> lacking;
+    QList<core::DataKind> lackingKinds;
     QList<core::Screen> shown;
     QList<core::DataKind> choosers;
     int ends = 0;
-};
-
-// Records what was to be opened.
-class RecordedOpener : public core::Opener {
-public:
-    bool open(const QString& target) override
-    {
-        targets.append(target);
-        return succeeds;
-    }
-
-    QStringList targets;
-    bool succeeds = true;
 };
 
 // Records which data file was to be opened, and opens it or not.
