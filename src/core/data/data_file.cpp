@@ -85,20 +85,20 @@ bool refuseFile(DataFile& file, const storage::Error& error)
 
 } // namespace
 
-bool openDataFile(DataFile& file, const DataFileForm& form, const QString& path, storage::Mode mode)
+bool openDataFile(DataFile& file, const QString& path, storage::Mode mode)
 {
     if (!file.connection.open(path, QString::fromUtf16(DatabasePassword), mode))
         return tellFailure(file.messages, OpenFailedText, file.connection);
-    if (!file.connection.catalog().find(form.table))
-        return refuseFile(file, {storage::ErrorKind::Unreadable, form.refusal, -1, {}});
-    if (!upgradeDataFile(file, form))
+    if (!file.connection.catalog().find(file.form.table))
+        return refuseFile(file, {storage::ErrorKind::Unreadable, file.form.refusal, -1, {}});
+    if (!upgradeDataFile(file))
         return refuseFile(file, file.connection.lastError());
     // A run that was killed after its upgrade may have left some out.
-    file.connection.completeIndexes(form.definition);
+    file.connection.completeIndexes(file.form.definition);
     return true;
 }
 
-bool upgradeDataFile(DataFile& file, const DataFileForm& form)
+bool upgradeDataFile(DataFile& file)
 {
     if (versionOf(file) != OldVersion)
         return true;
@@ -107,8 +107,8 @@ bool upgradeDataFile(DataFile& file, const DataFileForm& form)
         return false;
     if (versionOf(file) != OldVersion)
         return true; // another copy was faster
-    return runEachByItself(file, form.statements) && writeNewSettings(file, form.newSettings)
-        && writeVersion(file) && whole.commit();
+    return runEachByItself(file, file.form.statements)
+        && writeNewSettings(file, file.form.newSettings) && writeVersion(file) && whole.commit();
 }
 
 } // namespace core

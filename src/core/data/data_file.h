@@ -18,16 +18,6 @@ namespace core {
 class Clock;
 class Messages;
 
-// An open data file with those whom an operation on its rows talks to. The customer file and the
-// repair file each derive their own.
-struct DataFile {
-    Messages& messages;
-    const Clock& clock;
-    storage::Connection connection;
-
-    DataFile(Messages& toldTo, const Clock& timedBy) : messages(toldTo), clock(timedBy) {}
-};
-
 // Columns of one row and what is written into them, in this order.
 using FieldValues = QList<std::pair<QString, storage::Value>>;
 
@@ -40,14 +30,27 @@ struct DataFileForm {
     const storage::schema::Definition& definition;
 };
 
+// An open data file with those whom an operation on its rows talks to. The customer file and the
+// repair file each derive their own.
+struct DataFile {
+    Messages& messages;
+    const Clock& clock;
+    const DataFileForm& form; // lives as long as the program
+    storage::Connection connection;
+
+    DataFile(Messages& toldTo, const Clock& timedBy, const DataFileForm& ofKind)
+        : messages(toldTo), clock(timedBy), form(ofKind)
+    {
+    }
+};
+
 // Opens a data file and brings it up to date. On failure the user is told why, the file stays
 // closed and false is given.
-bool openDataFile(DataFile& file, const DataFileForm& form, const QString& path,
-                  storage::Mode mode);
+bool openDataFile(DataFile& file, const QString& path, storage::Mode mode);
 
 // Brings an open file of version 3.0.0 to 3.1.1, all of it or nothing; leaves files of any other
 // version alone. A statement that fails by itself (a column that is there already) is skipped.
 // False when the file or the machine does not allow it; the file is then as it was.
-bool upgradeDataFile(DataFile& file, const DataFileForm& form);
+bool upgradeDataFile(DataFile& file);
 
 } // namespace core

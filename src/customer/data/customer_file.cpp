@@ -66,9 +66,14 @@ const core::DataFileForm& customerForm()
 
 } // namespace
 
+CustomerFile::CustomerFile(core::Messages& toldTo, const core::Clock& timedBy)
+    : DataFile(toldTo, timedBy, customerForm())
+{
+}
+
 bool OpenCustomerFile(CustomerFile& file, const QString& path, storage::Mode mode)
 {
-    return core::openDataFile(file, customerForm(), path, mode);
+    return core::openDataFile(file, path, mode);
 }
 
 void CloseCustomerFile(CustomerFile& file)

@@ -9,7 +9,7 @@ namespace customer {
 
 // The open customer data file. All screens of the customer side use this one.
 struct CustomerFile : core::DataFile {
-    using core::DataFile::DataFile;
+    CustomerFile(core::Messages& toldTo, const core::Clock& timedBy);
 };
 
 // Opens a data file, shared or for this program alone, and brings it up to date. On failure the

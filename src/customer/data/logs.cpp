@@ -107,10 +107,10 @@ QStringList recorderNames(CustomerFile& file)
     return names;
 }
 
-QString previewText(const LogFields& fields)
+const core::LogTable& logTable()
 {
-    return u"【 "_s + text::formatDate(fields.recorded) + u" 】　　【 "_s + fields.recorder
-        + u" 】\r\n【 ロ グ 】\r\n"_s + fields.text;
+    static const core::LogTable table{RowQuery, u"登録日"_s, u"記録者"_s, u"Rログ"_s};
+    return table;
 }
 
 } // namespace customer

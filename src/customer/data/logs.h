@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/data/log_preview.h"
 #include "core/data/record_key.h"
 #include "core/data/row_changes.h"
 #include "customer/data/customer_file.h"
@@ -41,7 +42,7 @@ std::optional<KeptLog> readLog(CustomerFile& file, const core::RecordKey& key);
 // The names of recorders that the file holds, most recently used first.
 QStringList recorderNames(CustomerFile& file);
 
-// What the preview window shows of an entry; ends of lines CR LF.
-QString previewText(const LogFields& fields);
+// The log as the preview window reads it.
+const core::LogTable& logTable();
 
 } // namespace customer

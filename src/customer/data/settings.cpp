@@ -1,7 +1,6 @@
 #include "customer/data/settings.h"
 
-#include "core/data/clock.h"
-#include "core/data/row_changes.h"
+#include "core/data/settings_row.h"
 #include "storage/recordset.h"
 
 using namespace Qt::StringLiterals;
@@ -9,8 +8,6 @@ using namespace Qt::StringLiterals;
 namespace customer {
 
 namespace {
-
-const QString SettingsQuery = u"SELECT * FROM 設定 WHERE 設定ID = 1"_s;
 
 struct SettingColumn {
     QStringView column;
@@ -40,11 +37,6 @@ constexpr SettingColumn SettingColumns[] = {
     {u"予定表示", &Settings::showSchedule},
     {u"前回表示", &Settings::rememberView},
     {u"ログプレ表示", &Settings::previewShown},
-    {u"ログプレ手前", &Settings::previewOnTop},
-    {u"ログプレ横位置", &Settings::previewLeft},
-    {u"ログプレ縦位置", &Settings::previewTop},
-    {u"ログプレ横幅", &Settings::previewWidth},
-    {u"ログプレ縦幅", &Settings::previewHeight},
     {u"顧客詳細横位置", &Settings::detailLeft},
     {u"顧客詳細縦位置", &Settings::detailTop},
     {u"顧客詳細表示列位置", &Settings::customerClickColumn},
@@ -75,44 +67,17 @@ QString columnOf(int Settings::*setting)
     return {};
 }
 
-core::FieldValues allValues(const Settings& settings)
-{
-    core::FieldValues values;
-    for (const SettingColumn& column : SettingColumns)
-        values.append({column.column.toString(), settings.*column.setting});
-    return values;
-}
-
-bool appendSettings(CustomerFile& file)
-{
-    storage::Recordset row;
-    if (!row.open(u"設定"_s, file.connection, storage::CursorType::Dynamic,
-                  storage::LockType::Optimistic)
-        || !row.addNew() || !row.setValue(u"設定ID", 1)) {
-        return false;
-    }
-    for (const auto& [column, value] : allValues(Settings{}))
-        row.setValue(column, value);
-    return row.setValue(u"更新日時", file.clock.now()) && row.update();
-}
-
 } // namespace
 
 Settings readSettings(CustomerFile& file)
 {
     Settings settings;
     storage::Recordset row;
-    if (!row.open(SettingsQuery, file.connection) || row.eof())
+    if (!core::openSettings(file, row))
         return settings;
-    for (const SettingColumn& column : SettingColumns) {
-        const int index = row.fieldIndex(column.column);
-        if (index < 0)
-            continue;
-        const storage::Value value = row.value(index);
-        const int fallback = valueForNull(column.setting);
+    for (const SettingColumn& column : SettingColumns)
         settings.*column.setting =
-            value.isNull() ? fallback : static_cast<int>(value.toInteger(fallback));
-    }
+            core::settingOf(row, column.column, valueForNull(column.setting));
     settings.stamp = row.text(u"更新日時");
     return settings;
 }
@@ -122,13 +87,7 @@ bool saveSettings(CustomerFile& file, const QList<SettingValue>& values)
     core::FieldValues fields;
     for (const SettingValue& value : values)
         fields.append({columnOf(value.setting), value.value});
-    return core::saveNew(file,
-                         [&] {
-                             const std::optional<bool> found = core::rowStands(file, SettingsQuery);
-                             return found && (*found || appendSettings(file))
-                                 && core::writeRow(file, SettingsQuery, fields);
-                         })
-        == core::SaveResult::Saved;
+    return core::saveSettings(file, fields);
 }
 
 } // namespace customer

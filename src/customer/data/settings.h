@@ -34,14 +34,9 @@ struct Settings {
     int showSchedule = 0; // 予定表示: 0 = する, 1 = しない
     int rememberView = 0; // 前回表示: 0 = する, 1 = しない
 
-    int previewShown = 1;     // ログプレ表示
-    int previewOnTop = 0;     // ログプレ手前
-    int previewLeft = 0;      // ログプレ横位置, in twips like all of these
-    int previewTop = 0;       // ログプレ縦位置
-    int previewWidth = 9150;  // ログプレ横幅
-    int previewHeight = 2085; // ログプレ縦幅
+    int previewShown = 1; // ログプレ表示; its place: core/data/log_preview.h
 
-    int detailLeft = 0; // 顧客詳細横位置
+    int detailLeft = 0; // 顧客詳細横位置, in twips
     int detailTop = 0;  // 顧客詳細縦位置
 
     int customerClickColumn = 0; // 顧客詳細表示列位置: 0 = any column, else the column from 1 on

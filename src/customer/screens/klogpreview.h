@@ -1,7 +1,7 @@
 #pragma once
 
 #include "customer/data/customer_file.h"
-#include "customer/data/settings.h"
+#include "customer/data/logs.h"
 #include "customer/shared/logpreview.h"
 
 namespace customer {
@@ -11,7 +11,7 @@ class klogpreview : public logpreview {
     Q_OBJECT
 
 public:
-    klogpreview(CustomerFile& file, const Settings& settings, QWidget* parent);
+    klogpreview(CustomerFile& file, QWidget* parent) : logpreview(file, logTable(), parent) {}
 };
 
 } // namespace customer

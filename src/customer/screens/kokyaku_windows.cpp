@@ -1,7 +1,6 @@
 #include "customer/screens/kokyaku_windows.h"
 
 #include "core/data/messages.h"
-#include "customer/data/logs.h"
 #include "customer/screens/johokokyaku.h"
 #include "customer/screens/klogpreview.h"
 #include "ui/twips.h"
@@ -28,7 +27,7 @@ KokyakuWindows::KokyakuWindows(const Desk& desk, Settings& settings, QWidget* wi
       m_desk(desk),
       m_settings(settings),
       m_detail(new johokokyaku(m_desk, settings, window)),
-      m_preview(new klogpreview(desk.file, settings, window))
+      m_preview(new klogpreview(desk.file, window))
 {
     m_actions = {
         modeAction(u"MenuKokyakuSyosai"_s, u"顧客詳細を表示(&I)"_s, &Settings::customerDetail),
@@ -69,7 +68,7 @@ void KokyakuWindows::setMode(QAction& action, int Settings::*mode, bool on)
     saveSettings(m_desk.file, {{mode, value}});
     if (&action == m_actions.showPreview) {
         m_preview->setVisible(on && !m_log.isNone());
-        fillPreview();
+        m_preview->showEntry(m_log);
     } else if (!on) {
         m_detail->hide();
     } else if (&action == m_actions.showDetail) {
@@ -137,22 +136,16 @@ void KokyakuWindows::logSelected(const core::RecordKey& key, int column)
     if (key.isNone()) {
         m_preview->hide();
     } else if (m_preview->isVisible() || opens(m_settings.logClickColumn, column)) {
-        fillPreview();
+        m_preview->showEntry(m_log);
         m_preview->show();
     }
-}
-
-void KokyakuWindows::fillPreview()
-{
-    const std::optional<KeptLog> kept = m_log.isNone() ? std::nullopt : readLog(m_desk.file, m_log);
-    m_preview->showText(kept ? previewText(kept->fields) : QString());
 }
 
 void KokyakuWindows::refill()
 {
     m_detail->refill();
     if (m_preview->isVisible())
-        fillPreview();
+        m_preview->showEntry(m_log);
 }
 
 void KokyakuWindows::ichi_Click()

@@ -51,7 +51,6 @@ private:
     void Timer2_Timer();
     void showDetailWindow();
     void setMode(QAction& action, int Settings::*mode, bool on);
-    void fillPreview();
     void detailClosed();
 
     Desk m_desk;

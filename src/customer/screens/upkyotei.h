@@ -1,5 +1,6 @@
 #pragma once
 
+#include "customer/data/customer_file.h"
 #include "customer/shared/upyotei.h"
 
 namespace customer {
@@ -9,11 +10,11 @@ class upkyotei : public upyotei {
     Q_OBJECT
 
 public:
-    upkyotei(core::DataFile& file, ui::Drafts& drafts, QDate day, QWidget* parent)
+    upkyotei(CustomerFile& file, ui::Drafts& drafts, QDate day, QWidget* parent)
         : upyotei(file, drafts, day, parent)
     {
     }
-    upkyotei(core::DataFile& file, ui::Drafts& drafts, const core::KeptScheduleEntry& kept,
+    upkyotei(CustomerFile& file, ui::Drafts& drafts, const core::KeptScheduleEntry& kept,
              QWidget* parent)
         : upyotei(file, drafts, kept, parent)
     {

@@ -22,15 +22,18 @@ namespace {
 
 constexpr QPoint FrameRoom(8, 36); // for the window's frame, which is not yet known then
 
+int twips(int pixels)
+{
+    return static_cast<int>(ui::twipsFromPixels(pixels));
+}
+
 } // namespace
 
-logpreview::logpreview(core::Messages& messages, const PreviewPlace& place, SavePlace save,
-                       QWidget* parent)
+logpreview::logpreview(core::DataFile& file, const core::LogTable& log, QWidget* parent)
     : QWidget(parent, Qt::Tool),
       m_ui(std::make_unique<Ui::logpreview>()),
-      m_messages(messages),
-      m_place(place),
-      m_save(std::move(save)),
+      m_file(file),
+      m_log(log),
       m_Rcopy(new QAction(u"コピー"_s, this)),
       m_temae(new QAction(this)),
       m_ichi(new QAction(u"位置サイズ保存"_s, this))
@@ -46,33 +49,34 @@ logpreview::logpreview(core::Messages& messages, const PreviewPlace& place, Save
     m_ui->rogu->viewport()->installEventFilter(this);
     m_ui->rogu->installEventFilter(this);
     m_ui->rogu->setToolTip(u"Ctrlキーを押しながらドラッグすると移動します。"_s);
-    placeWindow();
+    const core::PreviewPlace place = core::readPreviewPlace(file);
+    placeWindow(place);
     stayOnTop(place.onTop);
 }
 
 logpreview::~logpreview() = default;
 
-void logpreview::placeWindow()
+void logpreview::placeWindow(const core::PreviewPlace& place)
 {
-    const QRect kept(ui::pixelsFromTwips(m_place.left), ui::pixelsFromTwips(m_place.top),
-                     ui::pixelsFromTwips(m_place.width), ui::pixelsFromTwips(m_place.height));
+    const QRect kept(ui::pixelsFromTwips(place.left), ui::pixelsFromTwips(place.top),
+                     ui::pixelsFromTwips(place.width), ui::pixelsFromTwips(place.height));
     const QRect area = screen()->availableGeometry();
     QRect seen = ui::fitInto(area, kept);
     // A place that was never saved is 0, 0, where the window would hide the index.
-    if (m_place.left == 0 && m_place.top == 0)
+    if (place.left == 0 && place.top == 0)
         seen.moveBottomRight(area.bottomRight() - FrameRoom);
     resize(seen.size());
     move(seen.topLeft());
 }
 
-void logpreview::showText(const QString& preview)
+void logpreview::showEntry(const core::RecordKey& key)
 {
-    m_ui->rogu->setPlainText(text::toWidgetLines(preview));
+    m_ui->rogu->setPlainText(text::toWidgetLines(core::previewText(m_file, m_log, key)));
 }
 
 void logpreview::RightMenu(const QPoint& screenPoint)
 {
-    m_temae->setText(m_place.onTop ? u"常に手前解除"_s : u"常に手前表示"_s);
+    m_temae->setText(m_onTop ? u"常に手前解除"_s : u"常に手前表示"_s);
     auto* const menu = new QMenu(this);
     menu->setObjectName(u"RightMenu"_s);
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -87,14 +91,14 @@ void logpreview::Rcopy_Click()
 
 void logpreview::temae_Click()
 {
-    m_place.onTop = !m_place.onTop;
-    stayOnTop(m_place.onTop);
-    m_save(m_place);
+    stayOnTop(!m_onTop);
+    core::savePreviewOnTop(m_file, m_onTop);
 }
 
 // The window system forgets the window when this changes; it is shown again where it stood.
 void logpreview::stayOnTop(bool onTop)
 {
+    m_onTop = onTop;
     const bool shown = isVisible();
     const QPoint place = pos();
     setWindowFlag(Qt::WindowStaysOnTopHint, onTop);
@@ -106,13 +110,14 @@ void logpreview::stayOnTop(bool onTop)
 
 void logpreview::ichi_Click()
 {
-    if (!m_messages.confirm(u"現在の表示位置・サイズを保存しますか？"_s))
+    if (!m_file.messages.confirm(u"現在の表示位置・サイズを保存しますか？"_s))
         return;
-    m_place.left = ui::twipsFromPixels(pos().x());
-    m_place.top = ui::twipsFromPixels(pos().y());
-    m_place.width = ui::twipsFromPixels(width());
-    m_place.height = ui::twipsFromPixels(height());
-    m_save(m_place);
+    core::PreviewPlace place;
+    place.left = twips(pos().x());
+    place.top = twips(pos().y());
+    place.width = twips(width());
+    place.height = twips(height());
+    core::savePreviewPlace(m_file, place);
 }
 
 // The whole window is text, so it is dragged by its frame, or anywhere while Ctrl is held.

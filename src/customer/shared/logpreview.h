@@ -1,10 +1,10 @@
 #pragma once
 
+#include "core/data/log_preview.h"
+
 #include <QPoint>
-#include <QRect>
 #include <QWidget>
 
-#include <functional>
 #include <memory>
 
 class QAction;
@@ -12,23 +12,8 @@ class QAction;
 namespace Ui {
 class logpreview;
 }
-namespace core {
-class Messages;
-}
 
 namespace customer {
-
-// Where the preview window stands and whether it stays in front, as the settings row of a data file
-// keeps it; places and sizes in twips.
-struct PreviewPlace {
-    bool onTop = false; // ログプレ手前
-    qint64 left = 0;    // ログプレ横位置
-    qint64 top = 0;     // ログプレ縦位置
-    qint64 width = 0;   // ログプレ横幅
-    qint64 height = 0;  // ログプレ縦幅
-
-    bool operator==(const PreviewPlace& other) const = default;
-};
 
 // Shows the log entry that is selected on the main screen, beside it. Serves both kinds of data
 // file: klogpreview stands beside the customer screen, clogpreview beside the repair screen.
@@ -36,13 +21,10 @@ class logpreview : public QWidget {
     Q_OBJECT
 
 public:
-    // Writes the place into the settings of the kind's data file.
-    using SavePlace = std::function<void(const PreviewPlace& place)>;
-
     ~logpreview() override;
 
-    // Shows an entry's text as stored.
-    void showText(const QString& preview);
+    // Shows an entry of the log as it is stored now; nothing when it is gone.
+    void showEntry(const core::RecordKey& key);
     // What the right-click menu holds; for the menu key as well.
     void RightMenu(const QPoint& screenPoint);
 
@@ -51,8 +33,8 @@ signals:
     void closed();
 
 protected:
-    logpreview(core::Messages& messages, const PreviewPlace& place, SavePlace save,
-               QWidget* parent);
+    // `log` lives as long as the program.
+    logpreview(core::DataFile& file, const core::LogTable& log, QWidget* parent);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
@@ -61,14 +43,14 @@ private:
     void Rcopy_Click();
     void temae_Click();
     void ichi_Click();
-    void placeWindow();
+    void placeWindow(const core::PreviewPlace& place);
     void stayOnTop(bool onTop);
     void Fmove(const QPoint& screenPoint);
 
     std::unique_ptr<Ui::logpreview> m_ui;
-    core::Messages& m_messages;
-    PreviewPlace m_place;
-    SavePlace m_save;
+    core::DataFile& m_file;
+    const core::LogTable& m_log;
+    bool m_onTop = false;
     QAction* m_Rcopy;
     QAction* m_temae;
     QAction* m_ichi;

@@ -174,12 +174,6 @@ TEST_F(DeskTest, RecordersAreOfferedByTheirLastUse)
     EXPECT_EQ(recorderNames(file), (QStringList{u"O'Hara"_s, u"佐藤"_s, u"鈴木"_s}));
 }
 
-TEST_F(DeskTest, PreviewText)
-{
-    EXPECT_EQ(customer::previewText({{2024, 2, 29}, u"佐藤"_s, u"一\r\n二"_s}),
-              u"【 2024/02/29(木) 】　　【 佐藤 】\r\n【 ロ グ 】\r\n一\r\n二");
-}
-
 TEST_F(DeskTest, SettingsStandInForWhatIsMissing)
 {
     EXPECT_EQ(saveSettings(file, {{&Settings::detailLeft, -1200}, {&Settings::customersShown, 50}}),
@@ -187,11 +181,10 @@ TEST_F(DeskTest, SettingsStandInForWhatIsMissing)
     Settings settings = readSettings(file);
     EXPECT_EQ(settings.detailLeft, -1200);
     EXPECT_EQ(settings.customersShown, 50);
-    EXPECT_EQ(settings.previewWidth, 9150);
 
-    execute(u"UPDATE 設定 SET ログプレ横幅 = null, 顧客表示数 = null, 上 = null"_s);
+    execute(u"UPDATE 設定 SET ログプレ表示 = null, 顧客表示数 = null, 上 = null"_s);
     settings = readSettings(file);
-    EXPECT_EQ(settings.previewWidth, 9150);
+    EXPECT_EQ(settings.previewShown, 1);
     EXPECT_EQ(settings.customersShown, 0); // all rows
     EXPECT_EQ(settings.marginTop, 15);
 

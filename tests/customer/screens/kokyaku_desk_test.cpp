@@ -7,8 +7,6 @@
 #include "ui/list_view.h"
 
 #include <QAction>
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -159,19 +157,6 @@ TEST_F(KokyakuDeskTest, ThePreviewFollowsTheSelectedEntry)
     EXPECT_TRUE(preview.isVisible());
     EXPECT_EQ(textOf(preview, "rogu"), u"【 2024/04/15(月) 】　　【 佐藤 】\n【 ロ グ 】\n受付"_s);
 
-    preview.findChild<QAction*>(u"temae"_s)->trigger();
-    EXPECT_EQ(valueOf(u"SELECT ログプレ手前 FROM 設定"_s), u"1"_s);
-    EXPECT_TRUE(preview.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-    preview.move(40, 60);
-    preview.resize(500, 120);
-    messages.willAnswer(core::Answer::Yes);
-    preview.findChild<QAction*>(u"ichi"_s)->trigger();
-    EXPECT_EQ(messages.takeText(), u"現在の表示位置・サイズを保存しますか？"_s);
-    EXPECT_EQ(valueOf(u"SELECT ログプレ横位置 & ' ' & ログプレ縦位置 & ' ' & ログプレ横幅 & ' ' & "
-                      u"ログプレ縦幅 FROM 設定"_s),
-              u"600 900 7500 1800"_s);
-    preview.findChild<QAction*>(u"Rcopy"_s)->trigger();
-    EXPECT_TRUE(QGuiApplication::clipboard()->text().endsWith(u"【 ロ グ 】\r\n受付"_s));
     preview.close();
     EXPECT_EQ(valueOf(u"SELECT ログプレ表示 FROM 設定"_s), u"0"_s);
 }

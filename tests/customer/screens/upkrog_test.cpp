@@ -1,14 +1,11 @@
 #include "customer/screens/upkrog.h"
 
-#include "customer/screens/upkyotei.h"
 #include "support/customer/screens/edit_form_test.h"
 
 #include <QComboBox>
-#include <QTimeEdit>
 
 using namespace Qt::StringLiterals;
 using customer::upkrog;
-using customer::upkyotei;
 
 namespace {
 
@@ -75,26 +72,6 @@ TEST_F(UpkrogTest, AnEntryOfADeletedCaseIsNotAdded)
     EXPECT_TRUE(form->isVisible());
     EXPECT_EQ(control<QPlainTextEdit>(u"Rrogu"_s).toPlainText(), u"受付"_s);
     EXPECT_EQ(column(u"SELECT Rログ FROM ログ"_s), QStringList());
-}
-
-TEST_F(UpkrogTest, TheScheduleNeedsATextAndTakesMidnightForNoTime)
-{
-    show(std::make_unique<upkyotei>(file, drafts, QDate(2024, 5, 1), nullptr));
-    press("Command1");
-    EXPECT_EQ(messages.takeText(), u"予定は空白禁止です。"_s);
-    EXPECT_TRUE(control<QPlainTextEdit>(u"yotei1"_s).hasFocus());
-    type(control<QPlainTextEdit>(u"yotei1"_s), u"棚卸"_s);
-    press("Command1");
-    EXPECT_EQ(valueOf(u"SELECT 日付 & ' ' & 時刻 & ' ' & 予定 FROM 予定"_s),
-              u"2024/05/01(水) 00:00 棚卸"_s);
-
-    const std::optional<core::KeptScheduleEntry> kept = core::readScheduleEntry(
-        file, {valueOf(u"SELECT 予定更新ID FROM 予定"_s).toLongLong(), 0, 0, {}});
-    ASSERT_TRUE(kept);
-    show(std::make_unique<upkyotei>(file, drafts, *kept, nullptr));
-    control<QTimeEdit>(u"DTPicker6"_s).setTime(QTime(9, 5));
-    press("Command1");
-    EXPECT_EQ(valueOf(u"SELECT 時刻 FROM 予定"_s), u"09:05"_s);
 }
 
 } // namespace

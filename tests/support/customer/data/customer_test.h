@@ -3,36 +3,21 @@
 #include "customer/data/cases.h"
 #include "customer/data/customer_file.h"
 #include "customer/data/customers.h"
-#include "storage/schema/definitions.h"
-#include "support/fixed_clock.h"
-#include "support/scripted_messages.h"
+#include "support/core/data/data_file_test.h"
 
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
-// A test on an open customer data file of its own. At its end nothing may have failed in the file
-// but what the test expected and took.
-class CustomerTest : public testing::Test {
+// A test on a customer data file.
+class CustomerTest : public DataFileTest {
 public:
     CustomerTest() : file(messages, clock) {}
 
 protected:
     void SetUp() override { create(storage::schema::Version::V311); }
-    void TearDown() override;
+    core::DataFile& dataFile() override { return file; }
 
-    // Makes the scratch file anew and leaves it closed.
-    void create(storage::schema::Version version);
-    bool open() { return customer::OpenCustomerFile(file, path(), storage::Mode::ReadWrite); }
-    QString path() const { return m_folder.filePath(QStringLiteral("見本.mdb")); }
-
-    // The failures so far, which the test expected.
-    QList<storage::ErrorKind> takeErrors();
-    void execute(const QString& statement) { execute(file, statement); }
-    static void execute(customer::CustomerFile& file, const QString& statement);
-    // The first field of all rows, as text.
-    QStringList column(const QString& statement);
-    QString valueOf(const QString& statement);
+    void create(storage::schema::Version version)
+    {
+        DataFileTest::create(storage::schema::customerFile(version));
+    }
 
     // A customer with this name and reading.
     customer::KeptCustomer addNamed(const QString& name, const QString& reading);
@@ -40,12 +25,7 @@ protected:
     // The customer with its present key, as a list refilled now would carry it.
     customer::KeptCustomer fresh(const core::RecordKey& key);
 
-    ScriptedMessages messages;
-    FixedClock clock;
     customer::CustomerFile file;
-
-private:
-    QTemporaryDir m_folder;
 };
 
 // The same with the file open.

@@ -1,67 +1,6 @@
 #pragma once
 
 #include "support/customer/data/customer_test.h"
-#include "ui/drafts.h"
-#include "ui/edit_form.h"
+#include "support/ui/form_test.h"
 
-#include <QApplication>
-#include <QCheckBox>
-#include <QInputMethodEvent>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QTest>
-
-// A test on an edit screen over a scratch file, driven through its controls.
-class EditFormTest : public OpenCustomerTest {
-protected:
-    // Shows the screen and counts what it writes.
-    template <typename Form> Form& show(std::unique_ptr<Form> opened)
-    {
-        Form& shown = *opened;
-        form = std::move(opened);
-        writes = std::make_unique<QSignalSpy>(form.get(), &ui::EditForm::written);
-        form->show();
-        QApplication::setActiveWindow(form.get());
-        return shown;
-    }
-    void TearDown() override
-    {
-        writes.reset();
-        form.reset();
-        OpenCustomerTest::TearDown();
-    }
-
-    template <typename Widget> Widget& control(const QString& name)
-    {
-        auto* const found = form->findChild<Widget*>(name);
-        if (!found)
-            qFatal("no control %s", qUtf8Printable(name));
-        return *found;
-    }
-    void press(const char* button) { control<QPushButton>(QString::fromLatin1(button)).click(); }
-    void tick(const char* box) { control<QCheckBox>(QString::fromLatin1(box)).setChecked(true); }
-
-    // Typed through the input method, as all Japanese text is.
-    static void type(QWidget& field, const QString& text)
-    {
-        field.setFocus();
-        QInputMethodEvent event({}, {});
-        event.setCommitString(text);
-        QCoreApplication::sendEvent(&field, &event);
-    }
-    // Enter while a kana conversion is going on, and the commit that it makes.
-    static void confirmConversion(QWidget& field, const QString& text)
-    {
-        field.setFocus();
-        QInputMethodEvent composing(text, {});
-        QCoreApplication::sendEvent(&field, &composing);
-        QTest::keyClick(&field, Qt::Key_Return);
-        type(field, text);
-    }
-
-    ui::Drafts drafts;
-    std::unique_ptr<ui::EditForm> form;
-    std::unique_ptr<QSignalSpy> writes;
-};
+using EditFormTest = FormTest<OpenCustomerTest>;

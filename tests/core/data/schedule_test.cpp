@@ -1,6 +1,6 @@
 #include "core/data/schedule.h"
 
-#include "support/customer/data/customer_test.h"
+#include "support/core/data/each_kind_test.h"
 
 #include <gmock/gmock.h>
 
@@ -9,7 +9,7 @@ using core::SaveResult;
 
 namespace {
 
-class ScheduleTest : public OpenCustomerTest {
+class ScheduleTest : public EachKindTest {
 protected:
     void add(QDate day, QTime time, const QString& text)
     {
@@ -17,7 +17,7 @@ protected:
     }
 };
 
-TEST_F(ScheduleTest, ListsItsEntriesByDayAndTime)
+TEST_P(ScheduleTest, ListsItsEntriesByDayAndTime)
 {
     add({2024, 4, 30}, {9, 5}, u"末日"_s);
     add({2024, 4, 1}, {13, 0}, u"午後"_s);
@@ -37,7 +37,7 @@ TEST_F(ScheduleTest, ListsItsEntriesByDayAndTime)
               (QSet<QDate>{{2024, 4, 1}, {2024, 4, 30}}));
 }
 
-TEST_F(ScheduleTest, KeepsChangesAndDeletesAnEntry)
+TEST_P(ScheduleTest, KeepsChangesAndDeletesAnEntry)
 {
     EXPECT_EQ(addScheduleEntry(file, {{2024, 4, 1}, {}, {}}), SaveResult::Refused);
     EXPECT_EQ(messages.takeBoxes(),
@@ -57,7 +57,7 @@ TEST_F(ScheduleTest, KeepsChangesAndDeletesAnEntry)
     EXPECT_TRUE(keyOf().isNone());
 }
 
-TEST_F(ScheduleTest, AnnouncesTheWeekday)
+TEST(WeekdayTest, AnnouncesTheWeekday)
 {
     const QStringList names{u"月"_s, u"火"_s, u"水"_s, u"木"_s, u"金"_s, u"土"_s, u"日"_s};
     for (int day = 0; day < 7; ++day) {
@@ -66,5 +66,7 @@ TEST_F(ScheduleTest, AnnouncesTheWeekday)
                   u"2024/04/"_s + QString::number(15 + day) + u'は' + names[day] + u"曜日です。"_s);
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(Kinds, ScheduleTest, EachKind, kindName);
 
 } // namespace

@@ -1,0 +1,11 @@
+#include "repair/screens/clogpreview.h"
+
+#include "repair/data/logs.h"
+
+namespace repair {
+
+clogpreview::clogpreview(RepairFile& file, QWidget* parent) : logpreview(file, logTable(), parent)
+{
+}
+
+} // namespace repair

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "customer/shared/logpreview.h"
+#include "repair/data/repair_file.h"
+
+namespace repair {
+
+// The log preview beside the repair screen.
+class clogpreview : public customer::logpreview {
+    Q_OBJECT
+
+public:
+    clogpreview(RepairFile& file, QWidget* parent);
+};
+
+} // namespace repair

@@ -1,0 +1,16 @@
+#include "repair/screens/upcyotei.h"
+
+namespace repair {
+
+upcyotei::upcyotei(RepairFile& file, ui::Drafts& drafts, QDate day, QWidget* parent)
+    : upyotei(file, drafts, day, parent)
+{
+}
+
+upcyotei::upcyotei(RepairFile& file, ui::Drafts& drafts, const core::KeptScheduleEntry& kept,
+                   QWidget* parent)
+    : upyotei(file, drafts, kept, parent)
+{
+}
+
+} // namespace repair
