@@ -14,8 +14,7 @@ upyotei::upyotei(core::DataFile& file, ui::Drafts& drafts, QWidget* parent, QDat
     m_ui->setupUi(this);
     m_ui->DTPicker7->setDate(day);
     m_ui->DTPicker6->setTime(QTime(0, 0));
-    auto* const enter = new ui::EnterMovesOn(this, m_ui->Command1);
-    enter->keepLineBreaksIn(m_ui->yotei1);
+    new ui::EnterMovesOn(this, m_ui->Command1);
     initialize({m_ui->Command1, m_ui->Command2, m_ui->Command3, m_ui->chkrenzo, m_ui->DTPicker7},
                adding);
 }
