@@ -17,6 +17,7 @@ class Checks(CheckCase):
             ("src/ui/a.cpp", '"core/screens/top.h"', "1: ui may not include"),
             ("src/repair/screens/a.cpp", '"customer/data/cases.h"', "1: repair/screens may not"),
             ("src/repair/screens/a.cpp", '"customer/shared/upyotei.h"', None),
+            ("src/customer/shared/a.h", '"customer/data/logs.h"', "1: customer/shared may not"),
             ("src/customer/screens/a.cpp", '"repair/screens/a.h"', "1: customer/screens may not"),
             ("src/app/main.cpp", '"customer/screens/kokyaku.h"', None),
             ("src/core/data/a.cpp", "<QWidget>", "1: core/data may use of Qt only QtCore"),

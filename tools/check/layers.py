@@ -26,7 +26,7 @@ ALLOWED = {
     "reports": BOTH,
     "ui": DATA + ["reports"],
     "core/screens": SCREENS,
-    "customer/shared": SCREENS,
+    "customer/shared": DATA + ["reports", "ui"],  # serves both kinds and knows neither
     "customer/screens": SCREENS + ["core/screens", "customer/shared"],
     "repair/screens": [room for room in SCREENS if room != "customer/data"]
                       + ["core/screens", "customer/shared"],
