@@ -60,7 +60,8 @@ void MainScreenTest::expectCounters(const char* name, const QString& expected)
 {
     const auto& counters = control<ui::Counters>(name);
     EXPECT_TRUE(QTest::qWaitFor([&] { return counters.text() == expected; }))
-        << name << ": " << counters.text().toStdString() << "\nexpected: " << expected.toStdString();
+        << name << ": " << counters.text().toStdString()
+        << "\nexpected: " << expected.toStdString();
 }
 
 void MainScreenTest::choose(const QStringList& path)
