@@ -13,7 +13,8 @@ namespace core {
 
 namespace {
 
-const QString VersionQuery = u"SELECT * FROM バージョン情報 WHERE [No] = 1"_s;
+const QString VersionTable = u"バージョン情報"_s;
+const QString VersionQuery = u"SELECT * FROM "_s + VersionTable + u" WHERE [No] = 1"_s;
 const QString SettingsQuery = u"SELECT * FROM 設定 WHERE 設定ID = 1"_s;
 const QString OldVersion = u"3.0.0"_s;
 const QString NewVersion = u"3.1.1"_s;
@@ -62,8 +63,10 @@ bool runEachByItself(DataFile& file, const QStringList& statements)
 bool writeNewSettings(DataFile& file, const FieldValues& values)
 {
     const std::optional<bool> found = rowStands(file, SettingsQuery);
-    if (!found || !*found)
-        return found.has_value();
+    if (!found)
+        return isSkipped(file.connection.lastError());
+    if (!*found)
+        return true;
     return writeRow(file, SettingsQuery, values);
 }
 
@@ -89,12 +92,15 @@ bool openDataFile(DataFile& file, const QString& path, storage::Mode mode)
 {
     if (!file.connection.open(path, QString::fromUtf16(DatabasePassword), mode))
         return tellFailure(file.messages, OpenFailedText, file.connection);
-    if (!file.connection.catalog().find(file.form.table))
+    const storage::schema::Catalog& tables = file.connection.catalog();
+    if (!tables.find(VersionTable) || !tables.find(file.form.table))
         return refuseFile(file, {storage::ErrorKind::Unreadable, file.form.refusal, -1, {}});
     if (!upgradeDataFile(file))
         return refuseFile(file, file.connection.lastError());
-    // A run that was killed after its upgrade may have left some out.
-    file.connection.completeIndexes(file.form.definition);
+    // A run that was killed after its upgrade may have left some out. A file of an unknown version
+    // is left untouched.
+    if (versionOf(file) == NewVersion)
+        file.connection.completeIndexes(file.form.definition);
     return true;
 }
 

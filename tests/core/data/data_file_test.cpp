@@ -43,6 +43,20 @@ TEST_P(KindOfFileTest, SaysWhyAFileCannotBeUsed)
                                                  ? u"顧客管理のデータファイルではありません。"_s
                                                  : u"修理管理のデータファイルではありません。"_s));
     EXPECT_FALSE(otherKind.connection.isOpen());
+
+    change({u"DROP TABLE バージョン情報"_s});
+    EXPECT_FALSE(open());
+    EXPECT_TRUE(messages.takeText().endsWith(u"のデータファイルではありません。"_s));
+}
+
+TEST_P(KindOfFileTest, UpgradesAFileWithoutSettings)
+{
+    create(Version::V300);
+    change({u"DROP TABLE 設定"_s});
+    ASSERT_TRUE(open());
+    const QList<storage::ErrorKind> errors = takeErrors();
+    EXPECT_EQ(errors.count(storage::ErrorKind::Name), errors.size()) << "only the missing table";
+    EXPECT_EQ(version(), u"3.1.1");
 }
 
 TEST_P(KindOfFileTest, UpgradesAFileThatHasSomeOfTheColumns)

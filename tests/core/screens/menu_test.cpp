@@ -65,7 +65,7 @@ TEST_F(Menu, EveryButtonHasItsDescription)
         shown.append(hover(button(i)));
     EXPECT_EQ(shown.join(u""_s), u"一二三四五六七八"_s);
     EXPECT_EQ(hover(menu->findChild<QWidget*>(u"Picture1"_s)), QString());
-    button(3)->setFocus();
+    button(3)->setFocus(Qt::TabFocusReason);
     EXPECT_EQ(menu->findChild<QLabel*>(u"Label1"_s)->text(), u"四"_s);
 }
 
