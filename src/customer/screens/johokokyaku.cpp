@@ -25,6 +25,9 @@ johokokyaku::johokokyaku(const Desk& desk, const Settings& settings, QWidget* pa
       m_ui(std::make_unique<Ui::johokokyaku>()),
       m_desk(desk),
       m_settings(settings),
+      m_items({u"項目名"_s, u"内容"_s}),
+      m_deliveries({u"納入日"_s, u"ﾒｰｶｰ"_s, u"品名"_s, u"型番"_s, u"ｼﾘｱﾙ"_s, u"定価"_s, u"売値"_s,
+                    u"仕切"_s, u"備考"_s}),
       m_logs({u"記録日"_s, u"記録者"_s, u"ログ"_s})
 {
     m_ui->setupUi(this);
@@ -37,6 +40,8 @@ johokokyaku::johokokyaku(const Desk& desk, const Settings& settings, QWidget* pa
                                                  *m_ui->Command4, *m_ui->Command5,
                                                  u"顧客が選択されていません。"_s);
     m_ui->ListView3->setListModel(&m_logs);
+    m_ui->ListView4->setListModel(&m_items);
+    m_ui->ListView5->setListModel(&m_deliveries);
     connect(m_ui->MAIL, &QPushButton::clicked, this, &johokokyaku::MAIL_Click);
     connect(m_ui->URL, &QPushButton::clicked, this, &johokokyaku::URL_Click);
     connect(m_ui->UserText, &QPushButton::clicked, this, &johokokyaku::UserText_Click);
@@ -87,8 +92,10 @@ void johokokyaku::fill(const KeptCustomer& kept)
     const bool another = kept.key.updateId != m_kept.key.updateId;
     m_kept = kept;
     m_ui->lblName->setText(kept.fields.texts[DisplayName]);
-    m_ui->UserText->setAccessibleName(kept.fields.texts[DisplayName] + u" の内容をコピー"_s);
-    m_ui->UserText->setToolTip(kept.fields.texts[DisplayName] + u" の内容をコピー"_s);
+    const QString copies = kept.fields.texts[DisplayName] + u" の内容をコピー"_s;
+    m_ui->UserText->setAccessibleName(copies);
+    // A tip would take a name like <b> for marked-up text.
+    m_ui->UserText->setToolTip(u"<qt>"_s + copies.toHtmlEscaped() + u"</qt>"_s);
     for (std::size_t i = 0; i < m_values.size(); ++i)
         m_values[i]->setText(text::toWidgetLines(kept.fields.texts[i]));
     m_ui->MAIL->setEnabled(!kept.fields.texts[Email].isEmpty());

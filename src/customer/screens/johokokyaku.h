@@ -59,6 +59,8 @@ private:
     const Desk& m_desk;
     const Settings& m_settings;
     std::unique_ptr<ShortcutDesk> m_shortcuts;
+    ui::PagedListModel m_items; // their screens come later: the places are kept, empty
+    ui::PagedListModel m_deliveries;
     ui::PagedListModel m_logs;
     std::array<QLabel*, CustomerFieldCount> m_values{};
     KeptCustomer m_kept;

@@ -59,6 +59,7 @@ private:
     void connectWindows();
     void addMenus();
     QMenu* displayMenu();
+    QList<QAction*> laterScreens();
     void addKeys();
     void showStatus();
     void restoreDesk();

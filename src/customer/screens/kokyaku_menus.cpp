@@ -32,9 +32,11 @@ void kokyaku::addMenus()
 
     const CommandActions& commands = m_commands->actions();
     const WindowActions& windows = m_windows->actions();
-    m_ui->customers->setActions({commands.MenuUserListKyakuAdd, commands.MenuUserListKyakuSansyoAdd,
-                                 commands.MenuUserListKyakuEdit, commands.MenuUserListKenAdd,
-                                 casesOfCustomer, windows.showDetail});
+    m_ui->customers->setActions(
+        QList<QAction*>{commands.MenuUserListKyakuAdd, commands.MenuUserListKyakuSansyoAdd,
+                        commands.MenuUserListKyakuEdit, commands.MenuUserListKenAdd,
+                        casesOfCustomer, windows.showDetail}
+        + laterScreens());
     m_ui->cases->setActions({commands.MenuUserListKyakuAdd, commands.MenuUserListKenAdd,
                              commands.MenuKenListKenEdit, commands.MenuKenListRogAdd, files,
                              windows.showCaseDetail, displayMenu()->menuAction()});
@@ -59,6 +61,18 @@ void kokyaku::addMenus()
         {windows.showDetail, windows.showCaseDetail, windows.showPreview, windows.ichi});
     display->setMenu(menu);
     m_ui->Toolbar1->insertWidget(m_ui->ToolHelp, display);
+}
+
+// Switched off until their screens are there.
+QList<QAction*> kokyaku::laterScreens()
+{
+    QList<QAction*> made;
+    for (const QString& caption : {u"検索(&F)..."_s, u"印刷(&P)..."_s, u"設定(&O)..."_s}) {
+        auto* const action = new QAction(caption, this);
+        action->setEnabled(false);
+        made.append(action);
+    }
+    return made;
 }
 
 // What the case list shows.
