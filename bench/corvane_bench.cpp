@@ -1,3 +1,4 @@
+#include "adding.h"
 #include "bare_file.h"
 #include "measure.h"
 
@@ -14,7 +15,8 @@
 
 #include <cstdio>
 
-// Compares reading through the storage surface with hand-written statements on the bare engine.
+// Compares reading and adding through the storage surface with hand-written statements on the bare
+// engine.
 
 using namespace Qt::StringLiterals;
 using bench::BareFile;
@@ -214,7 +216,9 @@ int main(int argc, char** argv)
     const QString password = QString::fromUtf16(core::DatabasePassword);
     const Files files = prepareFiles(arguments.value(folder), count, password);
     const bool storage = measureStorage(files, password, count);
+    const bool adding =
+        report("add of a customer", bench::compareAdding(files.encrypted, password), 1.5);
     const bool encryption = measureEncryption(files, password);
     measureOpening(files, password);
-    return storage && encryption ? 0 : 1;
+    return storage && adding && encryption ? 0 : 1;
 }
