@@ -88,8 +88,7 @@ bool appendUntilKilled(const QString& path, const ChildProcess::StepDone& commit
 
 TEST_F(Copies, AKilledOneLeavesWholeTransactionsAndNoLock)
 {
-    // CORVANE_KILLS asks for more rounds than a quick run has time for.
-    const int kills = std::max(qEnvironmentVariableIntValue("CORVANE_KILLS"), 10);
+    const int kills = rounds("CORVANE_KILLS", 10);
     QRandomGenerator random(311);
     for (int kill = 0; kill < kills; ++kill) {
         SCOPED_TRACE(kill);

@@ -7,10 +7,6 @@
 
 #include <functional>
 
-#include <sys/mount.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 using namespace Qt::StringLiterals;
 using namespace storage;
 
@@ -181,31 +177,15 @@ TEST_F(Opening, NothingOfTheContentIsReadableInTheFile)
     EXPECT_FALSE(bytes.contains("SQLite format"));
 }
 
-// Permissions don't bind the superuser, a read-only mount does.
-bool forbidWriting(const QByteArray& folder)
-{
-    if (geteuid() != 0)
-        return chmod(folder, 0500) == 0;
-    return mount(folder, folder, nullptr, MS_BIND, nullptr) == 0
-        && mount(nullptr, folder, nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr) == 0;
-}
-
-void allowWriting(const QByteArray& folder)
-{
-    if (geteuid() != 0)
-        chmod(folder, 0700);
-    else
-        umount2(folder, MNT_DETACH);
-}
-
 TEST_F(Opening, AFolderThatCannotBeWrittenIsReadOnly)
 {
     connection.close();
-    const QByteArray folder = QFile::encodeName(QFileInfo(path()).path());
-    if (!forbidWriting(folder))
-        GTEST_SKIP() << "a superuser that may not mount";
-    EXPECT_EQ(openFails(path()), QList{ErrorKind::ReadOnly});
-    allowWriting(folder);
+    {
+        const ReadOnlyFolder folder(QFileInfo(path()).path());
+        if (!folder.holds())
+            GTEST_SKIP() << "a superuser that may not mount";
+        EXPECT_EQ(openFails(path()), QList{ErrorKind::ReadOnly});
+    }
     EXPECT_TRUE(connection.open(path(), Password));
 }
 

@@ -1,6 +1,5 @@
 #include "storage/scratch_file.h"
 
-#include "storage/engine/engine.h"
 #include "storage/transaction.h"
 
 using namespace Qt::StringLiterals;
@@ -79,34 +78,4 @@ void ScratchFile::fill(int count)
         execute(u"INSERT INTO 品目 (名称, 数量) VALUES ('品"_s + QString::number(i) + u"', "_s
                 + QString::number(i) + u')');
     EXPECT_TRUE(transaction.commit());
-}
-
-namespace {
-
-// The first row's first column, as text.
-QString ask(Connection& of, const QString& question)
-{
-    Error error;
-    const auto answer = of.session()->prepare({question, {}}, &error);
-    if (!answer || answer->step() != engine::Cursor::Step::Row)
-        return answer ? answer->error().message : error.message;
-    return answer->value(0, schema::ColumnType::Text).toText();
-}
-
-} // namespace
-
-QString ScratchFile::integrity(Connection& of)
-{
-    return ask(of, u"PRAGMA integrity_check"_s);
-}
-
-void ScratchFile::limitSize(Connection& of, int pages)
-{
-    const QString limit = QString::number(ask(of, u"PRAGMA page_count"_s).toInt() + pages);
-    ASSERT_EQ(ask(of, u"PRAGMA max_page_count = "_s + limit), limit);
-}
-
-void ScratchFile::shortenWaiting(Connection& of)
-{
-    ASSERT_EQ(ask(of, u"PRAGMA busy_timeout = 50"_s), u"50"_s);
 }

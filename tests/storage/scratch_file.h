@@ -4,6 +4,7 @@
 #include "storage/recordset.h"
 #include "storage/schema/definitions.h"
 #include "support/scratch_folder.h"
+#include "support/storage/refusals.h"
 
 #include <gtest/gtest.h>
 
@@ -33,14 +34,6 @@ protected:
     static QStringList rows(storage::Connection& from, const QString& statement);
     // Adds `count` rows named 品1, 品2, … to 品目.
     void fill(int count);
-
-    // What each engine has its own words for:
-    // its check of the whole file, "ok" when it is sound;
-    static QString integrity(storage::Connection& of);
-    // a file that may grow by no more than this many pages, as on a full disk;
-    static void limitSize(storage::Connection& of, int pages);
-    // a wait for other copies that a test has the time for.
-    static void shortenWaiting(storage::Connection& of);
 
     storage::Connection connection; // on the file
 

@@ -1,10 +1,20 @@
 #pragma once
 
+#include <QtGlobal>
+
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <functional>
 #include <sys/wait.h>
 #include <unistd.h>
+
+// How often a test does what is done many times over: as often as a quick run has time for, or more
+// when the environment asks for it (CORVANE_KILLS, CORVANE_ADDS).
+inline int rounds(const char* variable, int quick)
+{
+    return std::max(qEnvironmentVariableIntValue(variable), quick);
+}
 
 // Another copy of the program: a child process that runs a piece of the test and tells of each step
 // that it has done. Nothing may be open when it starts.

@@ -1,13 +1,14 @@
 #include "customer/data/cascades.h"
 
-#include "customer/data/customers.h"
+#include "storage/recordset.h"
 #include "storage/transaction.h"
 #include "support/child_process.h"
 #include "support/customer/data/customer_test.h"
+#include "support/storage/refusals.h"
 
-#include <gmock/gmock.h>
-
-#include <thread>
+#include <QFileInfo>
+#include <QRandomGenerator>
+#include <QThread>
 
 using namespace Qt::StringLiterals;
 using customer::Cascade;
@@ -45,12 +46,37 @@ protected:
         }
     }
 
+    // Nothing but these owners 1, 2, … and one row each of what they can own.
+    void fillOwners(int number)
+    {
+        storage::Transaction filling(file.connection);
+        for (const QString& table : Tables)
+            execute(u"DELETE FROM "_s + table);
+        for (int id = 1; id <= number; ++id)
+            fill(file, id, 0);
+        EXPECT_TRUE(filling.commit());
+    }
+    // Of rows given by update ID and ID.
+    static QList<core::RecordKey> keys(customer::CustomerFile& of, const QString& query)
+    {
+        QList<core::RecordKey> found;
+        storage::Recordset row;
+        EXPECT_TRUE(row.open(query, of.connection));
+        for (; !row.eof(); row.moveNext())
+            found.append({row.value(0).toInteger(), 0, row.value(1).toInteger(), {}});
+        return found;
+    }
+
+    int rowsIn(const QString& table)
+    {
+        return valueOf(u"SELECT count(*) as ma1 FROM "_s + table).toInt();
+    }
     // The rows left of each table.
     QList<int> rows()
     {
         QList<int> counts;
         for (const QString& table : Tables)
-            counts.append(valueOf(u"SELECT count(*) as ma1 FROM "_s + table).toInt());
+            counts.append(rowsIn(table));
         return counts;
     }
 };
@@ -106,37 +132,47 @@ TEST_F(CascadesTest, PrintTablesAreEmptied)
 
 TEST_F(CascadesTest, AKillLeavesAWholeCascadeOrNone)
 {
-    constexpr int Customers = 100;
-    {
-        storage::Transaction filling(file.connection);
-        for (int id = 1; id <= Customers; ++id)
-            fill(file, id, 0);
-        EXPECT_TRUE(filling.commit());
-    }
-    CloseCustomerFile(file);
-    int told = 0;
-    for (int round = 0; round < 5; ++round) {
-        ChildProcess deleting([this](const auto& stepDone) {
-            OtherCopy other(path());
-            for (int id = 1; id <= Customers; ++id) {
-                const bool there = customer::readOwner(other.file, id, 0).has_value();
-                if (there && runCascade(other.file, Cascade::Customer, {id, 0, id, {}}))
-                    stepDone();
-            }
-            return true;
-        });
-        ASSERT_TRUE(deleting.waitForSteps(2 + round));
-        std::this_thread::sleep_for(std::chrono::microseconds(370 * round));
-        told += 2 + round + deleting.killNow();
+    constexpr int Owners = 30;
+    const struct {
+        Cascade cascade;
+        QString owner;
+        QStringList goes; // each owner has one row in each
+    } killed[] = {
+        {Cascade::Customer, u"SELECT ﾕｰｻﾞｰ更新ID, ﾕｰｻﾞｰID FROM ユーザー"_s,
+         Tables.first(7) + Tables.last(1)},
+        {Cascade::Case,
+         u"SELECT 件名更新ID, 件名ID FROM 件名"_s,
+         {u"件名"_s, u"ログ"_s, u"件名関連ファイル"_s}},
+    };
+    QRandomGenerator random(311);
+    int inAWrite = 0;
+    for (const auto& each : killed) {
+        for (int round = rounds("CORVANE_KILLS", 10); round > 0; --round) {
+            fillOwners(Owners);
+            CloseCustomerFile(file);
+            ChildProcess deleting([&](const auto& stepDone) {
+                OtherCopy other(path());
+                for (const core::RecordKey& key : keys(other.file, each.owner)) {
+                    if (runCascade(other.file, each.cascade, key))
+                        stepDone();
+                }
+                return true;
+            });
+            ASSERT_TRUE(deleting.waitForSteps(1));
+            QThread::usleep(random.bounded(10000u)); // somewhere in the next ones
+            const int told = 1 + deleting.killNow();
 
-        ASSERT_TRUE(open());
-        QList<int> left = rows();
-        left.removeAt(7); // the names of free items belong to no customer
-        EXPECT_THAT(left, testing::Each(left.first()));
-        EXPECT_LE(left.first(), Customers - told);
-        told = Customers - left.first();
-        CloseCustomerFile(file);
+            inAWrite += QFileInfo::exists(path() + u"-journal"_s);
+            ASSERT_TRUE(open());
+            const int left = rowsIn(each.goes.first());
+            for (const QString& table : Tables)
+                EXPECT_EQ(rowsIn(table), each.goes.contains(table) ? left : Owners);
+            EXPECT_LE(left, Owners - told);
+            EXPECT_GE(left, Owners - told - 1);
+            EXPECT_EQ(integrity(file.connection), u"ok"_s);
+        }
     }
+    RecordProperty("kills_in_a_write", inAWrite);
 }
 
 } // namespace
