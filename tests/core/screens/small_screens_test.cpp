@@ -1,10 +1,14 @@
+#include "core/screens/admin.h"
+#include "core/screens/dopen.h"
 #include "core/screens/info.h"
+#include "core/screens/login.h"
 #include "core/screens/msgboxf.h"
 #include "core/screens/top.h"
 #include "core/screens/version.h"
 #include "support/core/data/core_test.h"
 #include "support/core/screens/screen_doubles.h"
 #include "support/recording_opener.h"
+#include "support/ui/composed_enter.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -97,4 +101,21 @@ TEST_F(SmallScreens, TheNoticeClosesByAClickOnItsTextOrByKey)
         QTest::keyClick(&notice, key);
         EXPECT_FALSE(notice.isVisible()) << key;
     }
+}
+
+TEST_F(SmallScreens, EnterThatConfirmsAConversionStaysInItsField)
+{
+    openFolder();
+    RecordedFlow flow;
+    RecordedFileOpener opener;
+    core::login login(shared, flow);
+    core::admin admin(shared, flow);
+    core::dopen chooser(shared, flow, opener);
+    chooser.prepare(core::DataKind::Customer);
+    for (const auto& [form, fields] :
+         {std::pair<QWidget*, int>{&login, 2}, {&admin, 4}, {&chooser, 0}}) {
+        form->show();
+        EXPECT_EQ(expectConversionsStayInTheirFields(*form), fields);
+    }
+    EXPECT_THAT(flow.shown, testing::IsEmpty());
 }
