@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTextBrowser>
@@ -72,8 +73,11 @@ void HelpViewer::showOver(QWidget* owner)
     auto* viewer = qobject_cast<HelpViewer*>(owner); // help is asked for in the help itself
     if (!viewer && owner)
         viewer = owner->findChild<HelpViewer*>(QString(), Qt::FindDirectChildrenOnly);
-    if (!viewer)
+    if (!viewer) {
         viewer = new HelpViewer(owner);
+        const QRect area = viewer->screen()->availableGeometry();
+        viewer->move(area.center() - viewer->rect().center());
+    }
     viewer->show();
     viewer->raise();
     viewer->activateWindow();
