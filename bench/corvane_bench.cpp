@@ -1,6 +1,7 @@
 #include "adding.h"
 #include "bare_file.h"
-#include "measure.h"
+#include "customer_lists.h"
+#include "figures.h"
 
 #include "core/data/database_password.h"
 #include "programs/support/demo/sample_file.h"
@@ -13,13 +14,12 @@
 #include <QDir>
 #include <QFile>
 
-#include <cstdio>
-
 // Compares reading and adding through the storage surface with hand-written statements on the bare
 // engine.
 
 using namespace Qt::StringLiterals;
 using bench::BareFile;
+using bench::report;
 using bench::Times;
 
 namespace {
@@ -39,6 +39,7 @@ const QString BareKaRow =
 const QString BarePage = u" LIMIT 256"_s;
 
 constexpr int PageRows = 256;
+const QDate Today(2026, 4, 1); // for which the sample is made
 
 // The searched columns, each between these marks.
 QString searchedColumns(QChar open, QChar close, const QString& between)
@@ -117,7 +118,7 @@ Files prepareFiles(const QString& folder, int customers, const QString& password
     if (!QFile::exists(files.encrypted)) {
         programs::demo::Size size;
         size.customers = customers;
-        size.today = QDate(2026, 4, 1);
+        size.today = Today;
         if (const auto error = programs::demo::writeCustomerSample(files.encrypted, size)) {
             QFile::remove(files.encrypted);
             bench::giveUp(error->message);
@@ -127,16 +128,6 @@ Files prepareFiles(const QString& folder, int customers, const QString& password
     if (!QFile::exists(files.plain))
         bench::writePlainCopy(files.encrypted, password, files.plain);
     return files;
-}
-
-// Prints one figure; false when it is over its limit.
-bool report(const char* name, const Times& times, double limit)
-{
-    const bool within = times.ratio() <= limit;
-    std::printf("%s\t%.3f\t%.1f\n", name, times.ratio(), limit);
-    std::fprintf(stderr, "%s: %.3f ms against %.3f ms%s\n", name, times.ours, times.other,
-                 within ? "" : ", over its limit");
-    return within;
 }
 
 bool measureStorage(const Files& files, const QString& password, qint64 customers)
@@ -216,9 +207,10 @@ int main(int argc, char** argv)
     const QString password = QString::fromUtf16(core::DatabasePassword);
     const Files files = prepareFiles(arguments.value(folder), count, password);
     const bool storage = measureStorage(files, password, count);
+    const bool lists = bench::measureCustomerLists(files.encrypted, password, Today);
     const bool adding =
-        report("add of a customer", bench::compareAdding(files.encrypted, password), 1.5);
+        bench::report("add of a customer", bench::compareAdding(files.encrypted, password), 1.5);
     const bool encryption = measureEncryption(files, password);
     measureOpening(files, password);
-    return storage && adding && encryption ? 0 : 1;
+    return storage && lists && adding && encryption ? 0 : 1;
 }

@@ -112,6 +112,8 @@ RowReader::Move RowReader::readWindow(qint64 position)
     m_rows = std::move(rows);
     m_first = position;
     m_count = count;
+    // A window that is not filled ends the rows: a search need not be run again to find no more.
+    m_end = count < m_window && (count > 0 || position == 0) ? position + count : -1;
     return count > 0 ? stand(position) : end(position);
 }
 

@@ -115,6 +115,8 @@ QList<Index> customerIndexes()
     return {
         pairIndex(customers, customer, u"ﾕｰｻﾞｰ識別ID"_s),
         index(customers, {key(reading), plain(customer), fold(reading)}),
+        // The case list is ordered by it and goes on to the cases of each.
+        index(customers, {key(u"表示名"_s), plain(customer), plain(u"ﾕｰｻﾞｰ識別ID"_s)}),
         sortIndex(customers, u"E-MAIL"_s, customer),
         sortIndex(customers, u"自宅TEL"_s, customer),
         sortIndex(customers, u"会社TEL"_s, customer),
@@ -149,6 +151,7 @@ QList<Index> caseIndexes()
         index(cases, {plain(u"最近更新日時"_s)}),
         pairIndex(u"ログ"_s, number, u"ログ識別ID"_s),
         pairIndex(u"ログ"_s, owner, u"ログ識別ID"_s),
+        index(u"ログ"_s, {key(u"記録者"_s)}),
         pairIndex(u"件名関連ファイル"_s, u"件名関連ID"_s, u"件名関連識別ID"_s),
         pairIndex(u"件名関連ファイル"_s, number, u"件名関連識別ID"_s),
         pairIndex(u"件名関連ファイル"_s, owner, u"件名関連識別ID"_s),

@@ -1,0 +1,241 @@
+#include "customer_lists.h"
+
+#include "bare_file.h"
+#include "figures.h"
+
+#include "core/data/clock.h"
+#include "core/data/messages.h"
+#include "customer/data/case_index.h"
+#include "customer/data/case_list.h"
+#include "customer/data/customer_index.h"
+#include "customer/data/customer_list.h"
+#include "customer/data/log_list.h"
+#include "text/dates.h"
+#include "text/fold.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace bench {
+
+namespace {
+
+constexpr double Limit = 2.0;
+constexpr double Stretch = 50;  // milliseconds that a timed run of a quick page takes
+constexpr int RecordNumber = 7; // of the customer and the case that are chosen
+const QString Word = u"水"_s;
+const QString NoHit = u"どこにもない語"_s;
+
+// The columns that the lists' statements ask for, every value of which is read here.
+const QString Customers = uR"(SELECT * FROM "ユーザー")"_s;
+const QString KaRow =
+    uR"( WHERE corvane_key("表示名ﾌﾘｶﾞﾅ") >= corvane_key('カ') AND corvane_key("表示名ﾌﾘｶﾞﾅ") < corvane_key('サ'))"_s;
+const QString CustomerText =
+    uR"( WHERE corvane_like(?, "表示名ﾌﾘｶﾞﾅ", "表示名", "ﾕｰｻﾞｰ名ﾌﾘｶﾞﾅ", "ﾕｰｻﾞｰ名", "自宅TEL", )"_s
+    + uR"("自宅FAX", "自宅住所", "会社名ﾌﾘｶﾞﾅ", "会社名", "部署", "会社TEL", "会社FAX", "会社住所", )"_s
+    + uR"("E-MAIL", "URL", "備考"))"_s;
+const QString CustomerOrder = uR"( ORDER BY corvane_key("表示名ﾌﾘｶﾞﾅ"), "ﾕｰｻﾞｰID")"_s;
+const QString Cases =
+    uR"(SELECT k."件名更新ID", k."件名ID", k."件名識別ID", k."登録日", k."予定日", k."件名", k."備考", )"_s
+    + uR"(k."判定", k."K印字", k."更新日時", k."最近更新日時", u.* FROM )"_s;
+const QString CasesFirst = Cases
+    + uR"("件名" AS k CROSS JOIN "ユーザー" AS u ON u."ﾕｰｻﾞｰ識別ID" = k."件名識別ID" AND u."ﾕｰｻﾞｰID" = k."ユーザーID")"_s;
+const QString CustomersFirst = Cases
+    + uR"("ユーザー" AS u CROSS JOIN "件名" AS k ON u."ﾕｰｻﾞｰ識別ID" = k."件名識別ID" AND u."ﾕｰｻﾞｰID" = k."ユーザーID")"_s;
+const QString CaseOrder = uR"( ORDER BY corvane_key(k."登録日"), k."件名ID")"_s;
+// The same for few rows out of many: they are found first and sorted then.
+const QString FewCasesOrder = uR"( ORDER BY +corvane_key(k."登録日"), k."件名ID")"_s;
+const QString CaseText =
+    uR"( WHERE corvane_like(?, k."登録日", u."表示名", k."件名", k."備考", k."判定"))"_s;
+const QString CaseState = uR"( WHERE corvane_fold(k."判定") = ?)"_s;
+const QString CaseDay = uR"( WHERE corvane_fold(k."登録日") = ? OR corvane_fold(k."予定日") = ?)"_s;
+const QString Logs = uR"(SELECT * FROM "ログ" WHERE "件名ID" = 7 AND "ログ識別ID" = 0)"_s;
+const QString LogOrder = uR"( ORDER BY corvane_key("登録日"), "ログID")"_s;
+const QString FirstPage = u" LIMIT 100"_s;
+
+class SampleClock : public core::Clock {
+public:
+    explicit SampleClock(QDate today) : m_now(text::civil(today, QTime(12, 0))) {}
+    QDateTime now() const override { return m_now; }
+
+private:
+    QDateTime m_now;
+};
+
+// Nobody is there to answer: whatever a list has to say ends the run.
+class NoMessages : public core::Messages {
+public:
+    core::Answer show(core::MessageStyle /*style*/, const QString& text,
+                      const QString& /*title*/) override
+    {
+        giveUp(text);
+    }
+    std::optional<QString> askText(const QString& prompt, const QString& /*title*/,
+                                   bool /*secret*/) override
+    {
+        giveUp(prompt);
+    }
+};
+
+// Texts that stand for the question marks of a statement.
+QString filled(QString statement, const QString& text)
+{
+    return statement.replace(u'?', u'\'' + text + u'\'');
+}
+
+QString between(const QString& column, QDate first, QDate last)
+{
+    return u" WHERE "_s + column + u" BETWEEN '"_s + text::formatPlainDate(first)
+        + u" 00:00:00.000' AND '"_s + text::formatPlainDate(last) + u" 23:59:59.000'"_s;
+}
+
+// Customers whose reading begins with none of the index's characters.
+QString otherRow()
+{
+    QStringList conditions;
+    for (const QString& range : u"ｱ-ｵ ｶ-ｺ ｻ-ｿ ﾀ-ﾄ ﾅ-ﾉ ﾊ-ﾎ ﾏ-ﾓ ﾔ-ﾖ ﾗ-ﾛ ﾜ-ﾝ A-Z"_s.split(u' '))
+        conditions += u"corvane_like('[!"_s + range + uR"(]%', "表示名ﾌﾘｶﾞﾅ"))"_s;
+    return u" WHERE "_s + conditions.join(u" AND "_s);
+}
+
+class CustomerLists {
+public:
+    CustomerLists(const QString& path, const QString& password, QDate today)
+        : m_clock(today), m_file(m_messages, m_clock), m_bare(path, password), m_today(today)
+    {
+        if (!customer::OpenCustomerFile(m_file, path, storage::Mode::ReadWrite))
+            giveUp(path);
+    }
+
+    bool measure()
+    {
+        measureCustomers();
+        measureCases();
+        measureCaseSearches();
+        compare(
+            "page of a case's log entries",
+            [this] {
+                return customer::openLogList(m_file, customer::logsOfCase(m_record, {}), {},
+                                             m_settings);
+            },
+            Logs + LogOrder);
+        return m_within;
+    }
+
+private:
+    using Opened = std::unique_ptr<core::RecordList>;
+    using Order = std::optional<customer::SortOrder>;
+
+    // Reads the page as the main screen does: it is opened, measured and read.
+    void readPage(const Opened& list, qint64 expected);
+    void compare(const char* name, const std::function<Opened()>& open, const QString& bare);
+    void customers(const char* name, const customer::ListFilter& filter, const QString& bare);
+    void cases(const char* name, const customer::ListFilter& filter, const QString& bare,
+               const Order& clicked = {});
+    void measureCustomers();
+    void measureCases();
+    void measureCaseSearches();
+
+    NoMessages m_messages;
+    SampleClock m_clock;
+    customer::CustomerFile m_file;
+    BareFile m_bare;
+    QDate m_today;
+    core::RecordKey m_record{RecordNumber, 0, RecordNumber, {}};
+    customer::Settings m_settings;
+    bool m_within = true;
+};
+
+void CustomerLists::readPage(const Opened& list, qint64 expected)
+{
+    const qint64 count = list->count();
+    if (count != expected || list->rows(0, static_cast<int>(count)).size() != count)
+        giveUp(u"A page has "_s + QString::number(count) + u" rows instead of "_s
+               + QString::number(expected));
+}
+
+void CustomerLists::compare(const char* name, const std::function<Opened()>& open,
+                            const QString& bare)
+{
+    const QString page = bare + FirstPage;
+    QElapsedTimer timer;
+    timer.start();
+    const qint64 expected = m_bare.readAll(page);
+    const double once = static_cast<double>(timer.nsecsElapsed()) / 1e6;
+    const Times times =
+        bench::compare([&] { readPage(open(), expected); }, [&] { m_bare.readAll(page); },
+                       std::max(1, static_cast<int>(Stretch / once)));
+    m_within &= report(name, times, Limit);
+}
+
+void CustomerLists::customers(const char* name, const customer::ListFilter& filter,
+                              const QString& bare)
+{
+    compare(
+        name, [&] { return customer::openCustomerList(m_file, filter, {}, m_settings); },
+        Customers + bare);
+}
+
+void CustomerLists::cases(const char* name, const customer::ListFilter& filter, const QString& bare,
+                          const Order& clicked)
+{
+    compare(
+        name, [&] { return customer::openCaseList(m_file, filter, clicked, m_settings); }, bare);
+}
+
+void CustomerLists::measureCustomers()
+{
+    const customer::IndexNode index = customer::customerIndex(m_file);
+    const auto node = [&](const QString& caption) {
+        const auto found =
+            std::ranges::find(index.children, caption, &customer::IndexNode::caption);
+        return *customer::filterOf(*found, m_settings, m_today);
+    };
+    customers("page of か行", node(u"か行"_s), KaRow + CustomerOrder);
+    customers("page of 他行", node(u"他行"_s), otherRow() + CustomerOrder);
+    customers(
+        "page of the customers of 最近更新", node(u"最近更新"_s),
+        between(uR"("最近更新日時")"_s, m_today.addDays(-m_settings.recentCustomerDays), m_today)
+            + uR"( ORDER BY "最近更新日時" DESC)"_s);
+    customers("page of the customers with a text", customer::customersWithText(Word),
+              filled(CustomerText, u'%' + Word + u'%') + CustomerOrder);
+}
+
+void CustomerLists::measureCases()
+{
+    cases("page of a customer's cases", customer::casesOfCustomer(m_record, {}),
+          CasesFirst + uR"( WHERE k."ユーザーID" = 7 AND k."件名識別ID" = 0)"_s + CaseOrder);
+    cases("page of 全ての件名表示", customer::allCases(), CasesFirst + CaseOrder);
+    cases("page of 続行の件名表示", customer::openCases(),
+          CasesFirst + filled(CaseState, u"続行"_s) + CaseOrder);
+    cases("page of 完了の件名表示", customer::finishedCases(),
+          CasesFirst + filled(CaseState, u"完了"_s) + CaseOrder);
+    cases("page of the cases of 最近一週間", customer::recentCases(m_settings, m_today),
+          CasesFirst
+              + between(uR"(k."最近更新日時")"_s, m_today.addDays(-m_settings.recentCaseDays),
+                        m_today)
+              + uR"( ORDER BY k."最近更新日時" DESC)"_s);
+    cases("page of the cases of a day", customer::casesOfDay(m_today),
+          CasesFirst + filled(CaseDay, text::fold(text::formatDate(m_today))) + FewCasesOrder);
+    cases("page of the cases by 表示名", customer::allCases(),
+          CustomersFirst + uR"( ORDER BY corvane_key(u."表示名"), k."件名ID")"_s,
+          customer::SortOrder{2, false});
+}
+
+void CustomerLists::measureCaseSearches()
+{
+    cases("page of the cases with a text", customer::casesWithText(Word),
+          CasesFirst + filled(CaseText, u'%' + Word + u'%') + CaseOrder);
+    cases("cases with a text that none has", customer::casesWithText(NoHit),
+          CasesFirst + filled(CaseText, u'%' + NoHit + u'%') + FewCasesOrder);
+}
+
+} // namespace
+
+bool measureCustomerLists(const QString& path, const QString& password, QDate today)
+{
+    return CustomerLists(path, password, today).measure();
+}
+
+} // namespace bench
