@@ -50,12 +50,19 @@ void EditForm::recordShown(const QString& draft)
     m_draft = draft;
     m_shown = state();
     m_controls.first->setFocus();
-    offerDraft();
+    offerDraft(m_draft);
+    if (isAdding() && !isChanged())
+        offerDraft(orphanedDraft());
 }
 
-void EditForm::offerDraft()
+QString EditForm::orphanedDraft() const
 {
-    const std::optional<FormState> draft = m_drafts.find(m_draft);
+    return m_draft.section(u' ', 0, 0) + u" *"_s;
+}
+
+void EditForm::offerDraft(const QString& name)
+{
+    const std::optional<FormState> draft = m_drafts.find(name);
     if (!draft)
         return;
     if (m_messages.show(core::MessageStyle::InformationYesNo, DraftQuestion,
@@ -63,7 +70,7 @@ void EditForm::offerDraft()
         == core::Answer::Yes) {
         draft->applyTo(*this);
     }
-    m_drafts.drop(m_draft);
+    m_drafts.drop(name);
 }
 
 bool EditForm::isAdding() const
@@ -84,7 +91,9 @@ FormState EditForm::state() const
 
 void EditForm::Command1_Click()
 {
-    switch (save()) {
+    const core::SaveResult result = save();
+    m_orphaned = result == core::SaveResult::Gone || result == core::SaveResult::NoParent;
+    switch (result) {
     case core::SaveResult::Saved:
         saved();
         return;
@@ -118,7 +127,9 @@ void EditForm::Command2_Click()
         emptyFields();
         return;
     }
-    switch (remove()) {
+    const core::DeleteResult result = remove();
+    m_orphaned = result == core::DeleteResult::Gone;
+    switch (result) {
     case core::DeleteResult::Deleted:
         m_shown = state();
         emit removed();
@@ -145,7 +156,7 @@ void EditForm::emptyFields()
 void EditForm::done(int result)
 {
     if (isChanged())
-        m_drafts.keep(m_draft, state());
+        m_drafts.keep(m_orphaned ? orphanedDraft() : m_draft, state());
     QDialog::done(result);
 }
 

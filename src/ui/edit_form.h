@@ -21,7 +21,9 @@ class Drafts;
 // With 連続して入力 ticked, an add keeps the form open and empties it for the next record.
 //
 // No text is lost: a save that was refused or failed leaves the form as it is, and what a form
-// holds unsaved when it closes is offered when it is opened for the same record again.
+// holds unsaved when it closes is offered when it is opened for the same record again. When that
+// record, or the one that a new record was to belong to, is gone, it is offered to the next new
+// record of the kind.
 class EditForm : public QDialog {
     Q_OBJECT
 
@@ -47,7 +49,8 @@ protected:
 
     // To be called once with the fields as they are for a new record.
     void initialize(const Controls& controls, bool adding);
-    // To be called when the fields hold the record. `draft` names the form and its record.
+    // To be called when the fields hold the record. `draft` names the form and, behind a blank, its
+    // record.
     void recordShown(const QString& draft);
 
     bool isAdding() const;
@@ -64,7 +67,8 @@ private:
     void Command2_Click();
     void saved();
     void emptyFields();
-    void offerDraft();
+    void offerDraft(const QString& draft);
+    QString orphanedDraft() const;
     FormState state() const;
 
     core::Messages& m_messages;
@@ -73,6 +77,7 @@ private:
     FormState m_empty;
     FormState m_shown;
     QString m_draft;
+    bool m_orphaned = false; // no form will be opened for the same record again
 };
 
 } // namespace ui

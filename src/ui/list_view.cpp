@@ -22,18 +22,24 @@ bool sameRecord(const QString& one, const QString& other)
     return first.updateId == second.updateId && first.mark == second.mark && first.id == second.id;
 }
 
-// The row of a record near the place where it stood; -1 when it is not there.
-int findNear(const PagedListModel& model, const QString& key, int row)
+int findBetween(const PagedListModel& model, const QString& key, int first, int last)
 {
-    const int first = qMax(0, row - PagedListModel::BlockRows);
-    const int last = qMin(model.rowCount() - 1, row + PagedListModel::BlockRows);
-    if (row <= last && sameRecord(model.rowAt(row).key, key))
-        return row;
-    for (int each = first; each <= last; ++each) {
+    for (int each = qMax(0, first); each <= qMin(model.rowCount() - 1, last); ++each) {
         if (sameRecord(model.rowAt(each).key, key))
             return each;
     }
     return -1;
+}
+
+// The row of a record: where it stood, near that place, or among the first rows, where a list by
+// the last change has what was just saved; -1 when it is not there.
+int findAgainNear(const PagedListModel& model, const QString& key, int row)
+{
+    constexpr int Near = PagedListModel::BlockRows;
+    int found = findBetween(model, key, row, row);
+    if (found < 0)
+        found = findBetween(model, key, row - Near, row + Near);
+    return found >= 0 ? found : findBetween(model, key, 0, Near - 1);
 }
 
 } // namespace
@@ -111,7 +117,7 @@ void ListView::refill(std::shared_ptr<core::ListSource> source)
 
 void ListView::findAgain(const QString& key, int row, bool wasSelected)
 {
-    const int found = findNear(*m_model, key, row);
+    const int found = findAgainNear(*m_model, key, row);
     if (found < 0)
         return;
     const QItemSelectionModel::SelectionFlags flags = wasSelected
@@ -140,7 +146,7 @@ void ListView::copySelection() const
 
 bool ListView::toggleCheck()
 {
-    const QModelIndex box = currentIndex().siblingAtColumn(0);
+    const QModelIndex box = currentIndex().siblingAtColumn(m_model->checkColumn());
     if (!box.isValid() || !(box.flags() & Qt::ItemIsUserCheckable))
         return false;
     const bool checked = box.data(Qt::CheckStateRole).toInt() == Qt::Checked;

@@ -125,7 +125,8 @@ QVariant PagedListModel::data(const QModelIndex& index, int role) const
     if (!index.isValid())
         return {};
     // Most roles that a view asks for are never answered; they shall not cost a look-up.
-    const bool isCheck = role == Qt::CheckStateRole && m_checkBoxes && index.column() == 0;
+    const bool isCheck =
+        role == Qt::CheckStateRole && m_checkBoxes && index.column() == m_checkColumn;
     if (role != Qt::DisplayRole && role != Qt::ForegroundRole && role != Qt::BackgroundRole
         && !isCheck)
         return {};
@@ -155,7 +156,7 @@ Qt::ItemFlags PagedListModel::flags(const QModelIndex& index) const
     if (!index.isValid())
         return Qt::NoItemFlags;
     Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
-    if (m_checksEditable && index.column() == 0)
+    if (m_checksEditable && index.column() == m_checkColumn)
         flags |= Qt::ItemIsUserCheckable;
     return flags;
 }

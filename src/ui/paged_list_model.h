@@ -35,8 +35,11 @@ public:
     // Turns the source to a page (from 1) and shows it.
     void setPage(qint64 page);
 
-    // The first column shows each row's check box; `editable`: the user may ask to change it.
+    // One column shows each row's check box; `editable`: the user may ask to change it.
     void setCheckBoxes(bool shown, bool editable);
+    // The first column does, as long as no other is said to.
+    void setCheckColumn(int column) { m_checkColumn = column; }
+    int checkColumn() const { return m_checkColumn; }
     // Looks by emphasis number, and the column whose text the label is added to.
     void setEmphasis(QHash<int, Emphasis> looks, int labelColumn);
 
@@ -78,6 +81,7 @@ private:
     QHash<int, Emphasis> m_emphasis;
     int m_labelColumn = 0;
     int m_rows = 0;
+    int m_checkColumn = 0;
     bool m_checkBoxes = false;
     bool m_checksEditable = false;
     mutable bool m_toldVanished = false;

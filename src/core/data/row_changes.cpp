@@ -122,6 +122,16 @@ std::optional<bool> rowStands(DataFile& file, const QString& query, const QStrin
     return !row.eof() && (!stamp || row.text(u"更新日時") == *stamp);
 }
 
+FieldValues editedOf(const FieldValues& values, const FieldValues& shown)
+{
+    FieldValues edited;
+    for (qsizetype i = 0; i < values.size(); ++i) {
+        if (values.at(i) != shown.value(i))
+            edited.append(values.at(i));
+    }
+    return edited;
+}
+
 bool writeRow(DataFile& file, const QString& query, const FieldValues& fields)
 {
     storage::Recordset row;

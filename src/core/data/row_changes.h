@@ -49,6 +49,9 @@ bool confirmDelete(DataFile& file);
 // Whether a query finds a row, and with a stamp: one that has this 更新日時; nullopt when the
 // engine cannot say.
 std::optional<bool> rowStands(DataFile& file, const QString& query, const QString* stamp = nullptr);
+// Those of the values that differ from what was shown (the same columns in the same order): a field
+// that was not edited is not rewritten.
+FieldValues editedOf(const FieldValues& values, const FieldValues& shown);
 // Writes fields and then 更新日時 (the present moment) into the row that a query
 // finds. False when there is no such row or the engine refused.
 bool writeRow(DataFile& file, const QString& query, const FieldValues& fields);

@@ -55,13 +55,15 @@ SaveResult addScheduleEntry(DataFile& file, const ScheduleEntry& entry)
     return saveNew(file, [&] { return appendNumbered(file, scheduleKind(), values).has_value(); });
 }
 
-SaveResult changeScheduleEntry(DataFile& file, const RecordKey& key, const ScheduleEntry& entry)
+SaveResult changeScheduleEntry(DataFile& file, const RecordKey& key, const ScheduleEntry& entry,
+                               const ScheduleEntry* shown)
 {
     if (isRefused(file, entry))
         return SaveResult::Refused;
     const QString query = RowQuery + QString::number(key.updateId);
-    return saveChecked(file, query, key.stamp,
-                       [&] { return writeRow(file, query, valuesOf(entry)); });
+    const FieldValues written =
+        shown ? editedOf(valuesOf(entry), valuesOf(*shown)) : valuesOf(entry);
+    return saveChecked(file, query, key.stamp, [&] { return writeRow(file, query, written); });
 }
 
 DeleteResult deleteScheduleEntry(DataFile& file, const RecordKey& key)

@@ -33,7 +33,9 @@ const IdKind& scheduleKind();
 
 // 予定 must not be blank.
 SaveResult addScheduleEntry(DataFile& file, const ScheduleEntry& entry);
-SaveResult changeScheduleEntry(DataFile& file, const RecordKey& key, const ScheduleEntry& entry);
+// `shown`: what the fields held before they were edited; null: all are written.
+SaveResult changeScheduleEntry(DataFile& file, const RecordKey& key, const ScheduleEntry& entry,
+                               const ScheduleEntry* shown = nullptr);
 // Asks first.
 DeleteResult deleteScheduleEntry(DataFile& file, const RecordKey& key);
 // The entry with its present key; nullopt when it is gone.

@@ -28,17 +28,23 @@ QString customerQuery(qint64 id, qint64 mark)
     return ParentQuery + QString::number(id) + ParentMark + QString::number(mark);
 }
 
-core::FieldValues valuesOf(const CaseFields& fields, const QDateTime& now)
+core::FieldValues enteredOf(const CaseFields& fields)
 {
-    const bool finished = fields.state == QStringView(FinishedState);
     return {
         {u"登録日"_s, text::formatDate(fields.registered)},
         {u"件名"_s, fields.title},
         {u"備考"_s, fields.notes},
         {u"判定"_s, fields.state},
         {u"K印字"_s, fields.print ? 1 : 0},
-        {u"最近更新日時"_s, now},
         {u"予定日"_s, text::formatDate(fields.planned)},
+    };
+}
+
+core::FieldValues stampsOf(const CaseFields& fields, const QDateTime& now)
+{
+    const bool finished = fields.state == QStringView(FinishedState);
+    return {
+        {u"最近更新日時"_s, now},
         {u"完了日"_s, finished ? text::formatDate(now.date()) : QString()},
     };
 }
@@ -77,7 +83,7 @@ core::SaveResult addCase(CustomerFile& file, const core::RecordKey& customer,
     const QString parent = customerQuery(customer.id, customer.mark);
     const core::FieldValues values =
         core::FieldValues{{u"件名識別ID"_s, customer.mark}, {u"ユーザーID"_s, customer.id}}
-        + valuesOf(fields, file.clock.now());
+        + enteredOf(fields) + stampsOf(fields, file.clock.now());
     std::optional<qint64> number;
     const core::SaveResult result = core::saveUnder(file, parent, [&] {
         number = core::appendNumbered(file, idKind(Kind::Case), values);
@@ -91,11 +97,13 @@ core::SaveResult addCase(CustomerFile& file, const core::RecordKey& customer,
 }
 
 core::SaveResult changeCase(CustomerFile& file, const core::RecordKey& key,
-                            const CaseFields& fields)
+                            const CaseFields& fields, const CaseFields* shown)
 {
+    const core::FieldValues entered = enteredOf(fields);
+    const core::FieldValues written = (shown ? core::editedOf(entered, enteredOf(*shown)) : entered)
+        + stampsOf(fields, file.clock.now());
     return core::saveChecked(file, rowQuery(key), key.stamp, [&] {
-        return core::writeRow(file, rowQuery(key), valuesOf(fields, file.clock.now()))
-            && touchCustomerOf(file, key);
+        return core::writeRow(file, rowQuery(key), written) && touchCustomerOf(file, key);
     });
 }
 

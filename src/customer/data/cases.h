@@ -36,8 +36,9 @@ struct KeptCase {
 // `customer`: the customer that the case is opened for (its ID and mark count).
 core::SaveResult addCase(CustomerFile& file, const core::RecordKey& customer,
                          const CaseFields& fields, core::RecordKey* added = nullptr);
+// `shown`: what the fields held before they were edited; null: all are written.
 core::SaveResult changeCase(CustomerFile& file, const core::RecordKey& key,
-                            const CaseFields& fields);
+                            const CaseFields& fields, const CaseFields* shown = nullptr);
 // Asks first; deletes the case's logs and shortcuts with it.
 core::DeleteResult deleteCase(CustomerFile& file, const core::RecordKey& key);
 // Writes the print flag alone.

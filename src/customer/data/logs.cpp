@@ -16,10 +16,14 @@ const QString RowQuery = u"Select * From ログ Where ログ更新ID ="_s;
 const QString ParentQuery = u"SELECT * From 件名 WHERE 件名ID = "_s;
 const QString ParentMark = u" AND 件名識別ID = "_s;
 const QString LatestRecorders = u"SELECT 記録者 From ログ ORDER BY ログ更新ID DESC"_s;
+const QString NextRecorder = u"SELECT TOP 1 記録者 From ログ WHERE 記録者 > '"_s;
+const QString NextRecorderOrder = u"' ORDER BY 記録者"_s;
 
-// The entries, from the last one back, among which recorders are looked for: all names that are
-// still in use, read in a few milliseconds whatever the file's size.
+// The entries, from the last one back, that say who wrote most recently: all who still write, read
+// in a few milliseconds whatever the file's size.
 constexpr int EntriesLookedAt = 5000;
+// More names than a list can drop down are not looked for one by one.
+constexpr int MostRecorders = 200;
 
 QString rowQuery(const core::RecordKey& key)
 {
@@ -37,6 +41,38 @@ bool touchCaseOf(CustomerFile& file, const core::RecordKey& key)
 {
     const std::optional<KeptLog> kept = readLog(file, key);
     return kept && touchCase(file, kept->caseId, kept->key.mark);
+}
+
+// Those of the last entries, the latest first.
+QStringList latestRecorders(CustomerFile& file)
+{
+    QStringList names;
+    storage::Recordset rows;
+    if (!rows.open(LatestRecorders, file.connection))
+        return names;
+    for (int looked = 0; looked < EntriesLookedAt && !rows.eof(); ++looked) {
+        const QString name = rows.value(0).toText();
+        if (!name.isEmpty() && !names.contains(name))
+            names.append(name);
+        if (!rows.moveNext())
+            break;
+    }
+    return names;
+}
+
+// From one name to the next in their order, each a single look into an index.
+void appendOlderRecorders(CustomerFile& file, QStringList& names)
+{
+    QString name;
+    storage::Recordset row;
+    while (names.size() < MostRecorders) {
+        name.replace(u'\'', u"''"_s);
+        if (!row.open(NextRecorder + name + NextRecorderOrder, file.connection) || row.eof())
+            return;
+        name = row.value(0).toText();
+        if (!names.contains(name))
+            names.append(name);
+    }
 }
 
 } // namespace
@@ -61,10 +97,13 @@ core::SaveResult addLog(CustomerFile& file, const core::RecordKey& ofCase, const
     return result;
 }
 
-core::SaveResult changeLog(CustomerFile& file, const core::RecordKey& key, const LogFields& fields)
+core::SaveResult changeLog(CustomerFile& file, const core::RecordKey& key, const LogFields& fields,
+                           const LogFields* shown)
 {
+    const core::FieldValues written =
+        shown ? core::editedOf(valuesOf(fields), valuesOf(*shown)) : valuesOf(fields);
     return core::saveChecked(file, rowQuery(key), key.stamp, [&] {
-        return core::writeRow(file, rowQuery(key), valuesOf(fields)) && touchCaseOf(file, key);
+        return core::writeRow(file, rowQuery(key), written) && touchCaseOf(file, key);
     });
 }
 
@@ -93,17 +132,8 @@ std::optional<KeptLog> readLog(CustomerFile& file, const core::RecordKey& key)
 
 QStringList recorderNames(CustomerFile& file)
 {
-    QStringList names;
-    storage::Recordset rows;
-    if (!rows.open(LatestRecorders, file.connection))
-        return names;
-    for (int looked = 0; looked < EntriesLookedAt && !rows.eof(); ++looked) {
-        const QString name = rows.value(0).toText();
-        if (!name.isEmpty() && !names.contains(name))
-            names.append(name);
-        if (!rows.moveNext())
-            break;
-    }
+    QStringList names = latestRecorders(file);
+    appendOlderRecorders(file, names);
     return names;
 }
 

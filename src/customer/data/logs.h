@@ -32,14 +32,17 @@ struct KeptLog {
 // 最近更新日時 of the case and of its customer.
 core::SaveResult addLog(CustomerFile& file, const core::RecordKey& ofCase, const LogFields& fields,
                         core::RecordKey* added = nullptr);
-core::SaveResult changeLog(CustomerFile& file, const core::RecordKey& key, const LogFields& fields);
+// `shown`: what the fields held before they were edited; null: all are written.
+core::SaveResult changeLog(CustomerFile& file, const core::RecordKey& key, const LogFields& fields,
+                           const LogFields* shown = nullptr);
 // Asks first.
 core::DeleteResult deleteLog(CustomerFile& file, const core::RecordKey& key);
 
 // The entry with its present key; nullopt when it is gone.
 std::optional<KeptLog> readLog(CustomerFile& file, const core::RecordKey& key);
 
-// The names of recorders that the file holds, most recently used first.
+// The names of recorders that the file holds: those of the last 5,000 entries, most recently used
+// first, then the older ones in their order; at most 200 of these.
 QStringList recorderNames(CustomerFile& file);
 
 // The log as the preview window reads it.

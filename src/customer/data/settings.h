@@ -8,10 +8,11 @@ namespace customer {
 
 // The settings row (設定, 設定ID = 1), with what stands for a column that is missing or Null.
 struct Settings {
-    int firstTab = 0;       // 顧客初期ﾀﾌﾞ
-    int customerView = 0;   // 顧客表示方法
-    int caseView = 0;       // 件名表示方法
-    int logView = 0;        // ログ表示方法
+    // What the main screen showed last, kept while 前回表示 is する.
+    int firstTab = 0;     // 顧客初期ﾀﾌﾞ: the page of its tab control
+    int customerView = 0; // 顧客表示方法: 0 = 顧客管理, from 1 on the nodes below it
+    int caseView = 0;     // 件名表示方法: the node of the case index
+    int logView = 0;      // ログ表示方法: not used, the log list shows a case's entries only
     int customerDetail = 0; // 顧客詳細表示: 1 = the detail window is open
     int caseDetail = 0;     // 件名詳細表示: the same from the case list
 

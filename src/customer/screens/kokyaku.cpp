@@ -20,6 +20,8 @@
 #include <QShortcut>
 #include <QToolButton>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace customer {
@@ -86,7 +88,7 @@ void kokyaku::Form_Load()
     connectCommands();
     connectWindows();
     restoreDesk();
-    m_ui->index->chooseAll();
+    restoreView();
     m_ui->customers->option().setChecked(true);
     m_ui->customers->view().setFocus();
     customerChosen();
@@ -259,6 +261,7 @@ void kokyaku::restoreDesk()
         ui::restoreSplitter(*splitter, m_desk.userSettings);
     for (ui::ListView* const list : findChildren<ui::ListView*>())
         ui::restoreHeader(*list->header(), m_desk.userSettings);
+    m_ui->cases->showDateColumns();
 }
 
 void kokyaku::saveDesk() const
@@ -268,6 +271,26 @@ void kokyaku::saveDesk() const
         ui::saveSplitter(*splitter, m_desk.userSettings);
     for (const ui::ListView* const list : findChildren<ui::ListView*>())
         ui::saveHeader(*list->header(), m_desk.userSettings);
+}
+
+// What the lists showed when the file was closed last, as long as 前回表示 is する.
+void kokyaku::restoreView()
+{
+    const bool remember = m_settings.rememberView == 0;
+    m_ui->SSTab1->setCurrentIndex(remember ? m_settings.firstTab : 0);
+    m_ui->index->chooseNode(remember ? m_settings.customerView : 0);
+    m_ui->cases->chooseNode(remember ? m_settings.caseView : 0);
+}
+
+void kokyaku::saveView()
+{
+    const QList<SettingValue> view = {{&Settings::firstTab, m_ui->SSTab1->currentIndex()},
+                                      {&Settings::customerView, m_ui->index->chosenNode()},
+                                      {&Settings::caseView, m_ui->cases->chosenNode()}};
+    const bool same = std::ranges::all_of(
+        view, [this](const SettingValue& each) { return m_settings.*each.setting == each.value; });
+    if (m_settings.rememberView == 0 && !same)
+        saveSettings(*m_file, view);
 }
 
 // The lists let go of the file before it is closed; another screen may want it at once.
@@ -289,6 +312,7 @@ void kokyaku::closeEvent(QCloseEvent* event)
     if (!event->isAccepted() || !m_file->connection.isOpen())
         return;
     saveDesk();
+    saveView();
     Form_Unload();
     emit closed();
 }

@@ -64,6 +64,8 @@ private:
     void showStatus();
     void restoreDesk();
     void saveDesk() const;
+    void restoreView();
+    void saveView();
 
     std::unique_ptr<Ui::kokyaku> m_ui;
     std::unique_ptr<CustomerFile> m_file;

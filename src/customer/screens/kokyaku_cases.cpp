@@ -17,7 +17,11 @@ namespace customer {
 
 namespace {
 
+constexpr int RegisteredColumn = 0;
 constexpr int PlannedColumn = 1;
+// Values of 件名表示日; any other shows both.
+constexpr int RegisteredDateAlone = 1;
+constexpr int PlannedDateAlone = 2;
 const QString NoCustomerCaption = u"件名表示"_s;
 
 QHash<int, ui::Emphasis> plannedLooks()
@@ -206,6 +210,27 @@ void kokyaku_cases::ListView2_ItemCheck(int row, bool print)
         shown.checked = kept->fields.print;
         m_list->model().replaceRow(row, shown);
     }
+}
+
+void kokyaku_cases::chooseNode(int number)
+{
+    if (QTreeWidgetItem* const item = m_ui->TreeView2->topLevelItem(number))
+        m_ui->TreeView2->setCurrentItem(item);
+}
+
+int kokyaku_cases::chosenNode() const
+{
+    return m_view == CaseView::Other ? 0 : m_ui->TreeView2->currentIndex().row();
+}
+
+// The check boxes stand in the first column that is shown.
+void kokyaku_cases::showDateColumns()
+{
+    const bool registered = m_settings->caseDateShown != PlannedDateAlone;
+    m_list->model().setCheckColumn(registered ? RegisteredColumn : PlannedColumn);
+    m_ui->ListView2->setColumnHidden(RegisteredColumn, !registered);
+    m_ui->ListView2->setColumnHidden(PlannedColumn,
+                                     m_settings->caseDateShown == RegisteredDateAlone);
 }
 
 void kokyaku_cases::addViewsTo(QMenu& menu)

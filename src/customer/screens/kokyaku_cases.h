@@ -41,6 +41,12 @@ public:
     // Shows the cases registered on or planned for a day, or those that hold a text.
     void showDay(QDate day);
     void showText(const QString& text);
+    // Chooses a node of the index by its number; none when there is no such node.
+    void chooseNode(int number);
+    // The number of the chosen node; 個々 (0) when what is shown is no node's.
+    int chosenNode() const;
+    // Shows the dates that 件名表示日 says.
+    void showDateColumns();
     // Goes back to 個々 with nothing selected, as after a case was deleted.
     void returnToSingle();
     // No customer is chosen any more: the cases of a single one go.

@@ -69,9 +69,20 @@ void kokyaku_index::addNode(QTreeWidgetItem* item, const IndexNode& node)
         addNode(new QTreeWidgetItem(item), child);
 }
 
-void kokyaku_index::chooseAll()
+void kokyaku_index::chooseNode(int number)
 {
-    m_ui->TreeView1->setCurrentItem(m_ui->TreeView1->topLevelItem(0));
+    QTreeWidgetItem* const root = m_ui->TreeView1->topLevelItem(0);
+    QTreeWidgetItem* const child = root->child(number - 1);
+    m_ui->TreeView1->setCurrentItem(child && filterOf(child) ? child : root);
+}
+
+int kokyaku_index::chosenNode() const
+{
+    const QTreeWidgetItem* const root = m_ui->TreeView1->topLevelItem(0);
+    QTreeWidgetItem* item = m_ui->TreeView1->currentItem();
+    while (item && item != root && item->parent() != root)
+        item = item->parent();
+    return item ? root->indexOfChild(item) + 1 : 0;
 }
 
 void kokyaku_index::reload()
@@ -103,11 +114,15 @@ QWidget* kokyaku_index::tree()
 
 void kokyaku_index::choose(QTreeWidgetItem* item)
 {
-    if (!item)
-        return;
-    const IndexNode& node = m_nodes.at(item->data(0, NodeNumber).toInt());
-    if (const std::optional<ListFilter> filter = filterOf(node, *m_settings, m_file->clock.today()))
+    const std::optional<ListFilter> filter = item ? filterOf(item) : std::nullopt;
+    if (filter)
         emit chosen(*filter);
+}
+
+std::optional<ListFilter> kokyaku_index::filterOf(const QTreeWidgetItem* item) const
+{
+    const IndexNode& node = m_nodes.at(item->data(0, NodeNumber).toInt());
+    return customer::filterOf(node, *m_settings, m_file->clock.today());
 }
 
 } // namespace customer

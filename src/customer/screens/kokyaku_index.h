@@ -25,8 +25,11 @@ public:
 
     // `settings` as for all panes: those of the open file, which stay the main screen's.
     void initialize(CustomerFile& file, const Settings& settings);
-    // Chooses the root: all customers.
-    void chooseAll();
+    // Chooses the root (0: all customers) or a node just below it (from 1 on); the root when there
+    // is no such node, or one that shows nothing.
+    void chooseNode(int number);
+    // The number of the chosen node, or of the one just below the root that it belongs to.
+    int chosenNode() const;
     // Reads the stored searches again; the chosen node stays chosen.
     void reload();
 
@@ -40,6 +43,7 @@ private:
     void fill();
     void addNode(QTreeWidgetItem* item, const IndexNode& node);
     void choose(QTreeWidgetItem* item);
+    std::optional<ListFilter> filterOf(const QTreeWidgetItem* item) const;
 
     std::unique_ptr<Ui::kokyaku_index> m_ui;
     CustomerFile* m_file = nullptr;

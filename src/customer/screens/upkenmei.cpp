@@ -36,6 +36,7 @@ upkenmei::upkenmei(CustomerFile& file, ui::Drafts& drafts, const KeptCase& kept,
 {
     m_kept = kept;
     fill(kept);
+    m_filled = fields();
     recordShown(u"upkenmei "_s + QString::number(kept.key.updateId));
 }
 
@@ -52,6 +53,9 @@ void upkenmei::fill(const KeptCase& kept)
         m_ui->DTPicker1->setDate(kept.fields.registered);
     m_ui->kenmei1->setText(kept.fields.title);
     m_ui->kenmei2->setPlainText(text::toWidgetLines(kept.fields.notes));
+    if (m_ui->Combo1->findText(kept.fields.state, Qt::MatchFixedString | Qt::MatchCaseSensitive)
+        < 0)
+        m_ui->Combo1->addItem(kept.fields.state); // from elsewhere: shown as it is stored
     m_ui->Combo1->setCurrentText(kept.fields.state);
     m_ui->chkkenmei->setChecked(kept.fields.print);
     m_ui->chkYotei->setChecked(kept.fields.planned.isValid());
@@ -79,7 +83,7 @@ CaseFields upkenmei::fields() const
 core::SaveResult upkenmei::save()
 {
     return isAdding() ? addCase(m_file, m_customer, fields())
-                      : changeCase(m_file, m_kept.key, fields());
+                      : changeCase(m_file, m_kept.key, fields(), &m_filled);
 }
 
 core::DeleteResult upkenmei::remove()

@@ -37,6 +37,7 @@ private:
     CustomerFile& m_file;
     core::RecordKey m_customer; // while adding
     KeptCase m_kept;            // while changing
+    CaseFields m_filled;        // what the fields showed of it
 };
 
 } // namespace customer

@@ -5,6 +5,7 @@
 #include "ui/enter_moves_on.h"
 #include "ui_upkrog.h"
 
+#include <QAbstractItemView>
 #include <QCompleter>
 #include <QFocusEvent>
 
@@ -17,8 +18,8 @@ upkrog::upkrog(CustomerFile& file, ui::Drafts& drafts, QWidget* parent, bool add
 {
     m_ui->setupUi(this);
     m_ui->DTPicker2->setDate(file.clock.today());
-    m_ui->Combo2->addItems(recorderNames(file));
-    m_ui->Combo2->setCurrentText({});
+    fillCombo2();
+    connect(this, &EditForm::written, this, &upkrog::fillCombo2);
     m_ui->Combo2->completer()->setCaseSensitivity(Qt::CaseSensitive);
     m_ui->Combo2->completer()->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
     m_ui->Combo2->installEventFilter(this);
@@ -45,20 +46,27 @@ upkrog::upkrog(CustomerFile& file, ui::Drafts& drafts, const KeptLog& kept, QWid
         m_ui->DTPicker2->setDate(kept.fields.recorded);
     m_ui->Combo2->setCurrentText(kept.fields.recorder);
     m_ui->Rrogu->setPlainText(text::toWidgetLines(kept.fields.text));
+    m_filled = fields();
     recordShown(u"upkrog "_s + QString::number(kept.key.updateId));
 }
 
 upkrog::~upkrog() = default;
 
+void upkrog::fillCombo2()
+{
+    const QString entered = m_ui->Combo2->currentText();
+    m_ui->Combo2->clear();
+    m_ui->Combo2->addItems(recorderNames(m_file));
+    m_ui->Combo2->setCurrentText(entered);
+}
+
 bool upkrog::eventFilter(QObject* watched, QEvent* event)
 {
-    // Only who comes by key or mouse wants the names; who comes back from another window does not.
+    // Who comes back from another window, or from the list itself, does not want the names again.
     if (watched == m_ui->Combo2 && event->type() == QEvent::FocusIn) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason
-            || reason == Qt::ShortcutFocusReason) {
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
             Combo2_GotFocus();
-        }
     }
     return EditForm::eventFilter(watched, event);
 }
@@ -70,7 +78,8 @@ void upkrog::Combo2_GotFocus()
     QMetaObject::invokeMethod(
         this,
         [this] {
-            if (m_ui->Combo2->hasFocus() && m_ui->Combo2->count() > 0)
+            const bool dropped = m_ui->Combo2->view()->isVisible(); // by a click on its arrow
+            if (m_ui->Combo2->hasFocus() && m_ui->Combo2->count() > 0 && !dropped)
                 m_ui->Combo2->completer()->complete();
         },
         Qt::QueuedConnection);
@@ -89,7 +98,8 @@ LogFields upkrog::fields() const
 
 core::SaveResult upkrog::save()
 {
-    return isAdding() ? addLog(m_file, m_case, fields()) : changeLog(m_file, m_kept.key, fields());
+    return isAdding() ? addLog(m_file, m_case, fields())
+                      : changeLog(m_file, m_kept.key, fields(), &m_filled);
 }
 
 core::DeleteResult upkrog::remove()

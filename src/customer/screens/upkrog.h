@@ -30,6 +30,7 @@ protected:
 
 private:
     upkrog(CustomerFile& file, ui::Drafts& drafts, QWidget* parent, bool adding);
+    void fillCombo2();
     void Combo2_GotFocus();
     LogFields fields() const;
 
@@ -37,6 +38,7 @@ private:
     CustomerFile& m_file;
     core::RecordKey m_case; // while adding
     KeptLog m_kept;         // while changing
+    LogFields m_filled;     // what the fields showed of it
 };
 
 } // namespace customer

@@ -1,5 +1,6 @@
 #include "customer/shared/upyotei.h"
 
+#include "core/data/clock.h"
 #include "text/lines.h"
 #include "ui/enter_moves_on.h"
 #include "ui_upyotei.h"
@@ -12,7 +13,7 @@ upyotei::upyotei(core::DataFile& file, ui::Drafts& drafts, QWidget* parent, QDat
     : EditForm(file.messages, drafts, parent), m_ui(std::make_unique<Ui::upyotei>()), m_file(file)
 {
     m_ui->setupUi(this);
-    m_ui->DTPicker7->setDate(day);
+    m_ui->DTPicker7->setDate(day.isValid() ? day : file.clock.today());
     m_ui->DTPicker6->setTime(QTime(0, 0));
     new ui::EnterMovesOn(this, m_ui->Command1);
     initialize({m_ui->Command1, m_ui->Command2, m_ui->Command3, m_ui->chkrenzo, m_ui->DTPicker7},
@@ -33,6 +34,7 @@ upyotei::upyotei(core::DataFile& file, ui::Drafts& drafts, const core::KeptSched
     if (kept.entry.time.isValid())
         m_ui->DTPicker6->setTime(kept.entry.time);
     m_ui->yotei1->setPlainText(text::toWidgetLines(kept.entry.text));
+    m_filled = entry();
     recordShown(u"upyotei "_s + QString::number(kept.key.updateId));
 }
 
@@ -49,7 +51,7 @@ core::ScheduleEntry upyotei::entry() const
 core::SaveResult upyotei::save()
 {
     return isAdding() ? core::addScheduleEntry(m_file, entry())
-                      : core::changeScheduleEntry(m_file, m_kept.key, entry());
+                      : core::changeScheduleEntry(m_file, m_kept.key, entry(), &m_filled);
 }
 
 core::DeleteResult upyotei::remove()

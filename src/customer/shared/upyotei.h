@@ -37,6 +37,7 @@ private:
     std::unique_ptr<Ui::upyotei> m_ui;
     core::DataFile& m_file;
     core::KeptScheduleEntry m_kept; // while changing
+    core::ScheduleEntry m_filled;   // what the fields showed of it
 };
 
 } // namespace customer

@@ -172,6 +172,12 @@ TEST_F(DeskTest, RecordersAreOfferedByTheirLastUse)
     for (const QString& name : {u"佐藤"_s, u"鈴木"_s, u""_s, u"佐藤"_s, u"O'Hara"_s})
         EXPECT_EQ(addLog(file, m_case.key, {clock.today(), name, u"文"_s}), SaveResult::Saved);
     EXPECT_EQ(recorderNames(file), (QStringList{u"O'Hara"_s, u"佐藤"_s, u"鈴木"_s}));
+    // Those of long ago come behind, in their order.
+    ASSERT_TRUE(file.connection.begin());
+    for (int i = 0; i < 5000; ++i)
+        execute(u"INSERT INTO ログ (記録者) VALUES ('鈴木')"_s);
+    ASSERT_TRUE(file.connection.commit());
+    EXPECT_EQ(recorderNames(file), (QStringList{u"鈴木"_s, u"O'Hara"_s, u"佐藤"_s}));
 }
 
 TEST_F(DeskTest, SettingsStandInForWhatIsMissing)

@@ -33,7 +33,26 @@ protected:
     core::RecordKey owner;
 };
 
-TEST_F(UpkenmeiTest, StoresDatesAsTextAndAPlannedOneOnlyWhenTicked)
+class UpkenmeiLocaleTest : public UpkenmeiTest, public testing::WithParamInterface<const char*> {
+protected:
+    void SetUp() override
+    {
+        before = QLocale();
+        QLocale::setDefault(QLocale(QString::fromLatin1(GetParam())));
+        UpkenmeiTest::SetUp();
+    }
+    void TearDown() override
+    {
+        UpkenmeiTest::TearDown();
+        QLocale::setDefault(before);
+    }
+
+    QLocale before;
+};
+
+INSTANTIATE_TEST_SUITE_P(Locales, UpkenmeiLocaleTest, testing::Values("C", "ja_JP", "de_DE"));
+
+TEST_P(UpkenmeiLocaleTest, StoresDatesAsTextAndAPlannedOneOnlyWhenTicked)
 {
     openToAdd();
     EXPECT_FALSE(control<QDateEdit>(u"DTPicker2"_s).isEnabled());
@@ -51,6 +70,36 @@ TEST_F(UpkenmeiTest, StoresDatesAsTextAndAPlannedOneOnlyWhenTicked)
     press("Command1");
     EXPECT_EQ(stored(u"予定日"_s), u"2096/02/29(水)"_s);
     EXPECT_EQ(stored(u"登録日"_s), u"1948/02/29(日)"_s);
+}
+
+TEST_F(UpkenmeiTest, WhatWasNotEditedIsNotRewritten)
+{
+    const core::RecordKey key = addCaseOf(owner, u"点検"_s).key;
+    execute(u"UPDATE 件名 SET 登録日 = '平成元年', 予定日 = '来月', 判定 = '保留'"_s);
+    openToChange(key);
+    EXPECT_EQ(control<QComboBox>(u"Combo1"_s).currentText(), u"保留"_s);
+    control<QLineEdit>(u"kenmei1"_s).setText(u"修理"_s);
+    press("Command1");
+    EXPECT_EQ(stored(u"登録日 & 予定日 & 判定 & 件名"_s), u"平成元年来月保留修理"_s);
+    openToChange(key);
+    control<QDateEdit>(u"DTPicker1"_s).setDate(QDate(2024, 4, 1));
+    press("Command1");
+    EXPECT_EQ(stored(u"登録日 & 予定日"_s), u"2024/04/01(月)来月"_s);
+}
+
+TEST_F(UpkenmeiTest, WhatWasTypedForACaseThatIsGoneIsOfferedForTheNextNewOne)
+{
+    openToChange(addCaseOf(owner, u"点検"_s).key);
+    type(control<QPlainTextEdit>(u"kenmei2"_s), u"午後に電話"_s);
+    execute(u"DELETE FROM 件名"_s);
+    press("Command1");
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(messages.takeBoxes().value(0).style, 48);
+    messages.willAnswer(core::Answer::Yes);
+    openToAdd();
+    EXPECT_EQ(messages.takeBoxes().size(), 1);
+    EXPECT_EQ(control<QPlainTextEdit>(u"kenmei2"_s).toPlainText(), u"午後に電話"_s);
+    EXPECT_EQ(control<QLineEdit>(u"kenmei1"_s).text(), u"点検"_s);
 }
 
 TEST_F(UpkenmeiTest, FinishingStampsTheDayAndReopeningEmptiesIt)

@@ -36,6 +36,7 @@ TEST_F(UpkrogTest, WritesEntriesOneAfterTheOtherAndRefreshesTheirCase)
     tick("chkrenzo");
     enter(u"佐藤"_s, u"受付\n折り返し電話"_s);
     press("Command1");
+    EXPECT_EQ(control<QComboBox>(u"Combo2"_s).itemText(0), u"佐藤"_s); // at once for the next
     enter(u"鈴木"_s, u"訪問"_s);
     press("Command1");
     EXPECT_EQ(column(u"SELECT Rログ FROM ログ ORDER BY ログID"_s),
