@@ -15,6 +15,8 @@ namespace {
 constexpr qint64 FirstRows = 64;
 // Rows that room is made for at once; a window may be far longer than its result.
 constexpr int MostReserved = 1024;
+// What a search may cost while the rows are looked at in order: some thousand rows.
+constexpr int WorkInOrder = 200'000;
 
 } // namespace
 
@@ -100,21 +102,42 @@ Cursor::Step RowReader::takeRows(Cursor& cursor, qint64 limit, engine::RowBuffer
 
 RowReader::Move RowReader::readWindow(qint64 position)
 {
-    const auto cursor =
-        openCursor(sql::window(m_compiled, m_window, position, m_connection.session()->dialect()));
-    if (!cursor)
-        return Move::Failed;
     engine::RowBuffer rows;
     rows.reserve(static_cast<std::size_t>(std::min(m_window, MostReserved)) * m_types.size());
     qint64 count = 0;
-    if (takeRows(*cursor, m_window, &rows, &count) == Cursor::Step::Failed)
-        return fail(cursor->error());
+    if (!takeWindow(position, &rows, &count))
+        return Move::Failed;
     m_rows = std::move(rows);
     m_first = position;
     m_count = count;
     // A window that is not filled ends the rows: a search need not be run again to find no more.
     m_end = count < m_window && (count > 0 || position == 0) ? position + count : -1;
     return count > 0 ? stand(position) : end(position);
+}
+
+// A search looks at the rows in order first: what many rows hold is found on the way to the first
+// few of them. What is rarer is found sooner by reading all rows as they lie.
+bool RowReader::takeWindow(qint64 position, engine::RowBuffer* rows, qint64* count)
+{
+    const sql::Dialect& dialect = m_connection.session()->dialect();
+    const bool isSearch = m_compiled.page && !m_compiled.page->searchHead.isEmpty();
+    while (true) {
+        const auto cursor =
+            openCursor(m_searches ? sql::searchWindow(m_compiled, m_window, position, dialect)
+                                  : sql::window(m_compiled, m_window, position, dialect));
+        if (!cursor)
+            return false;
+        if (isSearch && !m_searches)
+            cursor->limitWork(WorkInOrder);
+        const Cursor::Step step = takeRows(*cursor, m_window, rows, count);
+        if (step == Cursor::Step::Failed)
+            fail(cursor->error());
+        if (step != Cursor::Step::Stopped)
+            return step != Cursor::Step::Failed;
+        m_searches = true;
+        rows->clear();
+        *count = 0;
+    }
 }
 
 RowReader::Move RowReader::startForward()
@@ -157,6 +180,7 @@ RowReader::Move RowReader::stepForward()
         m_end = m_position + 1;
         return end(m_end);
     case Cursor::Step::Failed:
+    case Cursor::Step::Stopped:
         break;
     }
     return fail(m_cursor->error());

@@ -63,6 +63,8 @@ private:
     Move fail(const Error& error);
     void record(Error error);
     Move readWindow(qint64 position);
+    // Takes the rows of a window in; false after a failure.
+    bool takeWindow(qint64 position, engine::RowBuffer* rows, qint64* count);
     Move startForward();
     Move stepForward();
     std::unique_ptr<engine::Cursor> openCursor(const sql::Emitted& statement);
@@ -84,7 +86,8 @@ private:
     qint64 m_end = -1; // number of rows, once it is known
     qint64 m_position = -1;
     bool m_hasRow = false;
-    bool m_live = false; // the current row is the cursor's, not a buffered one
+    bool m_searches = false; // looking at the rows in order has taken too long
+    bool m_live = false;     // the current row is the cursor's, not a buffered one
 };
 
 } // namespace storage

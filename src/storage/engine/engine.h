@@ -18,10 +18,13 @@ namespace storage::engine {
 // The rows of one prepared statement, read forward.
 class Cursor {
 public:
-    enum class Step { Row, Done, Failed };
+    enum class Step { Row, Done, Failed, Stopped };
 
     virtual ~Cursor() = default;
     virtual Step step() = 0;
+    // The statement stops (Step::Stopped) once it has done this much work, in the engine's own
+    // steps, of which a row costs some tens.
+    virtual void limitWork(int steps) = 0;
     virtual int columnCount() const = 0;
     // The current row's value; the column type tells date-times from texts.
     virtual Value value(int column, schema::ColumnType type) const = 0;

@@ -62,4 +62,10 @@ Emitted window(const Compiled& rows, qint64 limit, qint64 offset, const Dialect&
     return {rows.statement.text + u' ' + window, rows.statement.parameters};
 }
 
+Emitted searchWindow(const Compiled& rows, qint64 limit, qint64 offset, const Dialect& dialect)
+{
+    return {rows.page->searchHead + u' ' + dialect.window(limit, offset) + rows.page->tail,
+            rows.page->parameters};
+}
+
 } // namespace storage::sql

@@ -34,6 +34,9 @@ struct ResultColumn {
 // an index or a sort of few columns will do, and then these rows alone are read.
 struct PageStatement {
     QString head; // up to where the limit goes
+    // For a search: the same as `head`, but all rows are read as they lie and those found are
+    // sorted. It is far quicker than looking at the rows in order when few are found.
+    QString searchHead;
     QString tail; // behind it
     QList<Parameter> parameters;
     // The first page is had as soon from the statement itself: an index gives its order.
@@ -64,6 +67,8 @@ std::variant<Compiled, Error> compile(const QString& statement, const schema::Ca
 
 // The rows, but only `limit` of them from the `offset`th (from 0) on.
 Emitted window(const Compiled& rows, qint64 limit, qint64 offset, const Dialect& dialect);
+// The same by `searchHead`; only for rows that have one.
+Emitted searchWindow(const Compiled& rows, qint64 limit, qint64 offset, const Dialect& dialect);
 
 // Statements of a recordset that writes rows, already bound: columns by canonical name. `address`
 // is the row's address as the extra column of Compiled gave it; `readStamp` is the 更新日時 that

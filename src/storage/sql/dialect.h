@@ -32,6 +32,8 @@ public:
     virtual QString nextStamp(const QString& old, const QString& written) const = 0;
     // The address of a row of the table (or of its alias in a statement).
     virtual QString rowAddress(const schema::Table& table, const QString& alias) const = 0;
+    // The expression in a spelling that no index is read for.
+    virtual QString unindexed(const QString& expression) const { return expression; }
     // "limit n offset m".
     virtual QString window(qint64 limit, qint64 offset) const = 0;
     // A column as it stands in CREATE TABLE and ALTER TABLE ADD COLUMN.

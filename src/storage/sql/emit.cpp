@@ -21,6 +21,17 @@ bool isWrapped(const bound::Select& select)
         && (select.parts.size() > 1 || select.parts.front().distinct);
 }
 
+// Whether a text is looked for inside others, which no index finds.
+bool isSearch(const bound::Expression& condition)
+{
+    if (const auto* like = std::get_if<bound::Like>(&condition.node))
+        return !like->prefix;
+    const auto* logic = std::get_if<bound::Logic>(&condition.node);
+    return logic && std::ranges::any_of(logic->operands, [](const bound::ExpressionPtr& operand) {
+               return isSearch(*operand);
+           });
+}
+
 bool isText(schema::ColumnType type)
 {
     return type == schema::ColumnType::Text;
@@ -125,8 +136,16 @@ std::optional<PageStatement> Emitter::page(const bound::Select& select, bool wit
     }
 
     PageStatement page;
-    page.head = u"SELECT "_s + columns.join(u", "_s) + u" FROM (SELECT "_s + found.join(u", "_s)
-        + fromWhere(part) + order(select, false);
+    const QString rows = u"SELECT "_s + columns.join(u", "_s) + u" FROM (SELECT "_s
+        + found.join(u", "_s) + fromWhere(part);
+    page.head = rows + order(select, false);
+    const qsizetype parameters = m_parameters.size();
+    if (part.where && isSearch(*part.where))
+        page.searchHead = rows + order(select, false, true);
+    if (m_parameters.size() > parameters) { // one statement would have them, the other not
+        page.searchHead.clear();
+        m_parameters.remove(parameters, m_parameters.size() - parameters);
+    }
     page.tail = u") AS _page"_s + joined + order(select, false);
     page.firstInOneStep = part.sources.size() == 1 && !part.where
         && std::none_of(select.order.begin(), select.order.end(),
@@ -177,7 +196,7 @@ QString Emitter::term(const bound::FromTerm& term)
     return table + u" AS "_s + m_dialect.name(source.name);
 }
 
-QString Emitter::order(const bound::Select& select, bool numbered)
+QString Emitter::order(const bound::Select& select, bool numbered, bool bySorting)
 {
     const bound::SelectPart& part = select.parts.front();
     if (part.aggregated) // one row
@@ -195,6 +214,8 @@ QString Emitter::order(const bound::Select& select, bool numbered)
             if (expression.type == bound::Type::Text)
                 text = m_dialect.key(text);
         }
+        if (bySorting && terms.isEmpty())
+            text = m_dialect.unindexed(text);
         terms.append(term.descending ? text + u" DESC"_s : text);
     }
     return terms.isEmpty() ? QString() : u" ORDER BY "_s + terms.join(u", "_s);

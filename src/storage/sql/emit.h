@@ -35,7 +35,7 @@ private:
     QString fromWhere(const bound::SelectPart& part, const QString& more = QString());
     QString from(const bound::From& from);
     QString term(const bound::FromTerm& term);
-    QString order(const bound::Select& select, bool numbered);
+    QString order(const bound::Select& select, bool numbered, bool bySorting = false);
 
     // emit_expression.cpp
     QString value(const bound::Expression& expression);

@@ -80,9 +80,23 @@ SqliteCursor::SqliteCursor(sqlite3* handle, Statement statement)
 {
 }
 
+int SqliteCursor::stepLimited() const
+{
+    sqlite3_progress_handler(
+        m_handle, m_work, [](void*) { return 1; }, nullptr);
+    const int code = sqlite3_step(m_statement.get());
+    sqlite3_progress_handler(m_handle, 0, nullptr, nullptr);
+    return code;
+}
+
 Cursor::Step SqliteCursor::step()
 {
-    switch (sqlite3_step(m_statement.get())) {
+    const int code = m_work > 0 ? stepLimited() : sqlite3_step(m_statement.get());
+    if (code == SQLITE_INTERRUPT && m_work > 0) {
+        sqlite3_reset(m_statement.get());
+        return Step::Stopped;
+    }
+    switch (code) {
     case SQLITE_ROW:
         return Step::Row;
     case SQLITE_DONE:

@@ -22,15 +22,19 @@ public:
     SqliteCursor(sqlite3* handle, Statement statement);
 
     Step step() override;
+    void limitWork(int steps) override { m_work = steps; }
     int columnCount() const override { return m_columnCount; }
     Value value(int column, schema::ColumnType type) const override;
     void takeRow(int columns, RowBuffer* rows) const override;
     Error error() const override { return m_error; }
 
 private:
+    int stepLimited() const;
+
     sqlite3* m_handle;
     Statement m_statement;
     int m_columnCount;
+    int m_work = 0; // 0: without a limit
     Error m_error;
 };
 

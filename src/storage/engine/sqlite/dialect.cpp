@@ -57,6 +57,11 @@ QString SqliteDialect::rowAddress(const schema::Table& /*table*/, const QString&
     return alias.isEmpty() ? u"_rowid_"_s : alias + u"._rowid_"_s;
 }
 
+QString SqliteDialect::unindexed(const QString& expression) const
+{
+    return u'+' + expression;
+}
+
 QString SqliteDialect::window(qint64 limit, qint64 offset) const
 {
     return u"LIMIT "_s + QString::number(limit) + u" OFFSET "_s + QString::number(offset);
