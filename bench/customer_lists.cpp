@@ -226,8 +226,13 @@ void CustomerLists::measureCustomers()
 
 void CustomerLists::measureCases()
 {
-    cases("page of a customer's cases", customer::casesOfCustomer(m_record, {}),
-          CasesFirst + uR"( WHERE k."ユーザーID" = # AND k."件名識別ID" = 0)"_s + CaseOrder);
+    compare(
+        "page of a customer's cases",
+        [this] {
+            return customer::openCaseList(m_file, customer::casesOfCustomer(m_record, {}), {},
+                                          m_settings);
+        },
+        CasesFirst + uR"( WHERE k."ユーザーID" = # AND k."件名識別ID" = 0)"_s + CaseOrder);
     cases("page of 全ての件名表示", customer::allCases(), CasesFirst + CaseOrder);
     cases("page of 続行の件名表示", customer::openCases(),
           CasesFirst + filled(CaseState, u"続行"_s) + CaseOrder);

@@ -21,8 +21,9 @@ bool Recordset::open(const QString& source, Connection& connection, CursorType /
                      LockType lock)
 {
     close();
-    const schema::Table* named =
-        source.size() <= LongestTableName ? connection.catalog().find(source.trimmed()) : nullptr;
+    const QStringView trimmed = QStringView(source).trimmed();
+    const bool mayBeName = trimmed.size() <= LongestTableName && !trimmed.contains(u' ');
+    const schema::Table* named = mayBeName ? connection.catalog().find(trimmed) : nullptr;
     const QString statement = named ? u"SELECT * FROM ["_s + named->name() + u']' : source;
     sql::Compiled compiled;
     if (!connection.compile(statement, &compiled))

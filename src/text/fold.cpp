@@ -3,6 +3,7 @@
 #include "text/fold_table.h"
 #include "text/utf16.h"
 
+#include <QHash>
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
@@ -242,8 +243,19 @@ bool isMark(char32_t folded)
 
 QString foldName(QStringView name)
 {
-    const auto composed = name.toString().normalized(QString::NormalizationForm_KC);
-    return composed.toCaseFolded().normalized(QString::NormalizationForm_KC);
+    // The same names come again and again.
+    constexpr qsizetype MostNames = 4096;
+    constexpr qsizetype LongestName = 64;
+    thread_local QHash<QString, QString> known;
+    const QString key = name.toString();
+    const auto found = known.constFind(key);
+    if (found != known.constEnd())
+        return *found;
+    const auto composed = key.normalized(QString::NormalizationForm_KC);
+    QString folded = composed.toCaseFolded().normalized(QString::NormalizationForm_KC);
+    if (key.size() <= LongestName && known.size() < MostNames)
+        known.insert(key, folded);
+    return folded;
 }
 
 } // namespace text

@@ -1,6 +1,7 @@
 #include "storage/engine/sqlite/cursor.h"
 
 #include "storage/engine/sqlite/error.h"
+#include "storage/engine/sqlite/statement_cache.h"
 
 #include <sqlite3.h>
 
@@ -53,31 +54,63 @@ void StatementDeleter::operator()(sqlite3_stmt* statement) const
     sqlite3_finalize(statement);
 }
 
-Statement prepare(sqlite3* handle, const sql::Emitted& statement)
+Statement prepareText(sqlite3* handle, const QString& text)
 {
-    const QByteArray utf8 = statement.text.toUtf8();
+    const QByteArray utf8 = text.toUtf8();
     sqlite3_stmt* raw = nullptr;
     if (sqlite3_prepare_v2(handle, utf8.constData(), static_cast<int>(utf8.size()), &raw, nullptr)
         != SQLITE_OK)
         return {};
-    Statement prepared(raw);
+    return Statement(raw);
+}
+
+bool bindAll(sqlite3_stmt* statement, const QList<sql::Parameter>& parameters)
+{
     int index = 0;
-    for (const sql::Parameter& parameter : statement.parameters) {
+    for (const sql::Parameter& parameter : parameters) {
         ++index;
         const auto* value = std::get_if<Value>(&parameter);
-        const int code = value ? bindValue(raw, index, *value)
-                               : bindBytes(raw, index, std::get<QByteArray>(parameter));
+        const int code = value ? bindValue(statement, index, *value)
+                               : bindBytes(statement, index, std::get<QByteArray>(parameter));
         if (code != SQLITE_OK)
-            return {};
+            return false;
     }
-    return prepared;
+    return true;
+}
+
+Statement prepare(sqlite3* handle, const sql::Emitted& statement)
+{
+    Statement prepared = prepareText(handle, statement.text);
+    return prepared && bindAll(prepared.get(), statement.parameters) ? std::move(prepared)
+                                                                     : Statement();
 }
 
 SqliteCursor::SqliteCursor(sqlite3* handle, Statement statement)
+    : SqliteCursor(handle, std::move(statement), {}, nullptr)
+{
+}
+
+SqliteCursor::SqliteCursor(sqlite3* handle, Statement statement, QString text,
+                           StatementCache* cache)
     : m_handle(handle),
       m_statement(std::move(statement)),
+      m_text(std::move(text)),
+      m_cache(cache),
       m_columnCount(sqlite3_column_count(m_statement.get()))
 {
+}
+
+SqliteCursor::~SqliteCursor()
+{
+    if (m_cache)
+        m_cache->keep(m_text, std::move(m_statement));
+}
+
+// The engine counts the work of a statement for as long as it is prepared.
+void SqliteCursor::limitWork(int steps)
+{
+    sqlite3_stmt_status(m_statement.get(), SQLITE_STMTSTATUS_VM_STEP, 1);
+    m_work = steps;
 }
 
 int SqliteCursor::stepLimited() const

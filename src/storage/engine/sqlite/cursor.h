@@ -14,15 +14,24 @@ struct StatementDeleter {
 };
 using Statement = std::unique_ptr<sqlite3_stmt, StatementDeleter>;
 
-// A prepared statement with its parameters bound; null when the engine refuses it.
+class StatementCache;
+
+// A prepared statement; null when the engine refuses it.
+Statement prepareText(sqlite3* handle, const QString& text);
+// False when the engine refuses a value.
+bool bindAll(sqlite3_stmt* statement, const QList<sql::Parameter>& parameters);
+// Both at once.
 Statement prepare(sqlite3* handle, const sql::Emitted& statement);
 
 class SqliteCursor final : public Cursor {
 public:
     SqliteCursor(sqlite3* handle, Statement statement);
+    // Gives the statement to the cache in the end, which outlives the cursor.
+    SqliteCursor(sqlite3* handle, Statement statement, QString text, StatementCache* cache);
+    ~SqliteCursor() override;
 
     Step step() override;
-    void limitWork(int steps) override { m_work = steps; }
+    void limitWork(int steps) override;
     int columnCount() const override { return m_columnCount; }
     Value value(int column, schema::ColumnType type) const override;
     void takeRow(int columns, RowBuffer* rows) const override;
@@ -33,6 +42,8 @@ private:
 
     sqlite3* m_handle;
     Statement m_statement;
+    QString m_text;
+    StatementCache* m_cache = nullptr;
     int m_columnCount;
     int m_work = 0; // 0: without a limit
     Error m_error;

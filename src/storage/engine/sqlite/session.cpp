@@ -34,12 +34,15 @@ std::unique_ptr<Cursor> SqliteSession::prepare(const sql::Emitted& statement, Er
         *error = makeError(ErrorKind::State, u"トランザクションは取り消されています"_s);
         return {};
     }
-    Statement prepared = sqlite::prepare(m_handle.get(), statement);
-    if (!prepared) {
+    Statement prepared = m_statements.take(statement.text);
+    if (!prepared)
+        prepared = prepareText(m_handle.get(), statement.text);
+    if (!prepared || !bindAll(prepared.get(), statement.parameters)) {
         *error = lastError(m_handle.get());
         return {};
     }
-    return std::make_unique<SqliteCursor>(m_handle.get(), std::move(prepared));
+    return std::make_unique<SqliteCursor>(m_handle.get(), std::move(prepared), statement.text,
+                                          &m_statements);
 }
 
 std::optional<Error> SqliteSession::run(const sql::Emitted& statement, qint64* affected)

@@ -2,6 +2,7 @@
 
 #include "storage/engine/engine.h"
 #include "storage/engine/sqlite/dialect.h"
+#include "storage/engine/sqlite/statement_cache.h"
 
 #include <memory>
 
@@ -44,6 +45,7 @@ private:
     bool wasUndone() const;
 
     Handle m_handle;
+    StatementCache m_statements; // they go before the file is closed
     SqliteDialect m_dialect;
     bool m_foreignTextIndexes;
     bool m_inTransaction = false;
