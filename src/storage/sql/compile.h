@@ -51,7 +51,7 @@ struct Compiled {
     Emitted statement;
     // For rows: the same rows counted (one row, one column).
     Emitted count;
-    // For rows with an order that come from tables one by one.
+    // For rows with an order that come from tables one by one, where they may be many.
     std::optional<PageStatement> page;
     QList<ResultColumn> columns;
     // For rows that come from one table without grouping or union: that table's canonical name. The

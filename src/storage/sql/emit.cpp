@@ -32,6 +32,18 @@ bool isSearch(const bound::Expression& condition)
            });
 }
 
+// Whether the rows are those of one record, found by its number and mark.
+bool isOfOneRecord(const bound::Expression& condition)
+{
+    const auto* logic = std::get_if<bound::Logic>(&condition.node);
+    return logic && logic->kind == ast::LogicKind::And
+        && std::ranges::all_of(logic->operands, [](const bound::ExpressionPtr& operand) {
+               const auto* comparison = std::get_if<bound::Comparison>(&operand->node);
+               return comparison && comparison->kind == ast::ComparisonKind::Equal
+                   && comparison->form == bound::Form::Plain;
+           });
+}
+
 bool isText(schema::ColumnType type)
 {
     return type == schema::ColumnType::Text;
@@ -119,6 +131,8 @@ std::optional<PageStatement> Emitter::page(const bound::Select& select, bool wit
     if (select.order.empty() || select.parts.size() > 1 || part.distinct || part.aggregated
         || part.top || !part.from)
         return std::nullopt;
+    if (part.where && isOfOneRecord(*part.where))
+        return std::nullopt; // they are few: nothing is gained by a second step
 
     QStringList columns = outputs(part, false);
     QStringList found;

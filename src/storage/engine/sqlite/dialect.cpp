@@ -22,9 +22,14 @@ QString check(const QString& quotedName, const QString& condition)
 
 QString SqliteDialect::name(const QString& identifier) const
 {
-    QString doubled = identifier;
-    doubled.replace(u'"', u"\"\""_s);
-    return u'"' + doubled + u'"';
+    QString quoted;
+    quoted.reserve(identifier.size() + 2);
+    quoted += u'"';
+    quoted += identifier;
+    if (identifier.contains(u'"'))
+        quoted.replace(1, identifier.size(), QString(identifier).replace(u'"', u"\"\""_s));
+    quoted += u'"';
+    return quoted;
 }
 
 QString SqliteDialect::fold(const QString& expression) const
