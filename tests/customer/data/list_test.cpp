@@ -1,5 +1,6 @@
 #include "customer/data/case_index.h"
 #include "customer/data/case_list.h"
+#include "customer/data/customer_index.h"
 #include "customer/data/customer_list.h"
 #include "customer/data/log_list.h"
 #include "customer/data/logs.h"
@@ -64,6 +65,26 @@ TEST_F(ListTest, ReadsPagesAndStretchesOfThem)
     EXPECT_EQ(all->pageCount(), 1);
     EXPECT_EQ(all->count(), 25);
     EXPECT_EQ(all->rows(24, 256).first().cells.first(), u"025");
+}
+
+// What is rare is found by another way than what many rows hold; both give the same order.
+TEST_F(ListTest, ASearchFindsTheRareAndTheCommonInOrder)
+{
+    addNamed(u"並"_s, u"ｱ"_s);
+    ASSERT_TRUE(file.connection.begin());
+    for (int i = 0; i < 14; ++i)
+        execute(u"INSERT INTO ユーザー (表示名, 表示名ﾌﾘｶﾞﾅ) "
+                "SELECT 表示名, 表示名ﾌﾘｶﾞﾅ FROM ユーザー"_s);
+    ASSERT_TRUE(file.connection.commit());
+    addNamed(u"珍二"_s, u"ﾝ"_s);
+    addNamed(u"珍一"_s, u"ﾜ"_s);
+    const auto rare = openCustomerList(file, customer::customersWithText(u"珍"_s), {}, Settings{});
+    EXPECT_EQ(rare->count(), 2);
+    EXPECT_EQ(cellsOf(*rare, 0), QStringList({u"珍一"_s, u"珍二"_s}));
+    const auto common =
+        openCustomerList(file, customer::customersWithText(u"並"_s), {}, Settings{});
+    EXPECT_EQ(common->count(), Settings{}.customersShown);
+    EXPECT_EQ(common->total(), 16384);
 }
 
 TEST_F(ListTest, CustomerRowsCarryKeyCellsAndFlag)
