@@ -67,7 +67,7 @@ private:
     void Command2_Click();
     void saved();
     void emptyFields();
-    void offerDraft(const QString& draft);
+    void offerDraft(const QString& name);
     QString orphanedDraft() const;
     FormState state() const;
 
