@@ -59,6 +59,7 @@ private:
     void connectWindows();
     void addMenus();
     QMenu* displayMenu();
+    QAction* entryFor(QAction& command, const QString& name);
     QList<QAction*> laterScreens();
     void addKeys();
     void showStatus();

@@ -3,6 +3,7 @@
 #include "core/data/clock.h"
 #include "ui_kokyaku_index.h"
 
+#include <QEvent>
 #include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
@@ -38,6 +39,12 @@ kokyaku_index::kokyaku_index(QWidget* parent)
 {
     m_ui->setupUi(this);
     connect(m_ui->TreeView1, &QTreeWidget::currentItemChanged, this, &kokyaku_index::choose);
+    // Clicking the node that is chosen already runs its search again.
+    m_ui->TreeView1->viewport()->installEventFilter(this);
+    connect(m_ui->TreeView1, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
+        if (item == m_beforePress)
+            choose(item);
+    });
 }
 
 kokyaku_index::~kokyaku_index() = default;
@@ -105,6 +112,17 @@ void kokyaku_index::reload()
         item = childNamed(item, path.at(depth));
     if (item && !path.isEmpty())
         m_ui->TreeView1->setCurrentItem(item);
+    // The day or the settings may have changed what the node asks for.
+    const QTreeWidgetItem* const chosenNow = m_ui->TreeView1->currentItem();
+    if (chosenNow && filterOf(chosenNow) != m_given)
+        choose(m_ui->TreeView1->currentItem());
+}
+
+bool kokyaku_index::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonPress)
+        m_beforePress = m_ui->TreeView1->currentItem();
+    return QWidget::eventFilter(watched, event);
 }
 
 QWidget* kokyaku_index::tree()
@@ -115,8 +133,10 @@ QWidget* kokyaku_index::tree()
 void kokyaku_index::choose(QTreeWidgetItem* item)
 {
     const std::optional<ListFilter> filter = item ? filterOf(item) : std::nullopt;
-    if (filter)
-        emit chosen(*filter);
+    if (!filter)
+        return;
+    m_given = filter;
+    emit chosen(*filter);
 }
 
 std::optional<ListFilter> kokyaku_index::filterOf(const QTreeWidgetItem* item) const

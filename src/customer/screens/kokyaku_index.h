@@ -30,7 +30,8 @@ public:
     void chooseNode(int number);
     // The number of the chosen node, or of the one just below the root that it belongs to.
     int chosenNode() const;
-    // Reads the stored searches again; the chosen node stays chosen.
+    // Reads the stored searches again; the chosen node stays chosen, and is given anew when it now
+    // asks for something else.
     void reload();
 
     QWidget* tree();
@@ -38,6 +39,9 @@ public:
 signals:
     // A node was chosen that shows these customers.
     void chosen(const customer::ListFilter& filter);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void fill();
@@ -48,6 +52,8 @@ private:
     std::unique_ptr<Ui::kokyaku_index> m_ui;
     CustomerFile* m_file = nullptr;
     const Settings* m_settings = nullptr;
+    const QTreeWidgetItem* m_beforePress = nullptr; // chosen when the mouse button went down
+    std::optional<ListFilter> m_given;
     QList<IndexNode> m_nodes; // by the number that an item keeps
 };
 

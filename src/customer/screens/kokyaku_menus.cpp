@@ -37,7 +37,8 @@ void kokyaku::addMenus()
                         commands.MenuUserListKyakuEdit, commands.MenuUserListKenAdd,
                         casesOfCustomer, windows.showDetail}
         + laterScreens());
-    m_ui->cases->setActions({commands.MenuUserListKyakuAdd, commands.MenuUserListKenAdd,
+    m_ui->cases->setActions({entryFor(*commands.MenuUserListKyakuAdd, u"MenuKenListKokyakuAdd"_s),
+                             entryFor(*commands.MenuUserListKenAdd, u"MenuKenListKenAdd"_s),
                              commands.MenuKenListKenEdit, commands.MenuKenListRogAdd, files,
                              windows.showCaseDetail, displayMenu()->menuAction()});
     m_ui->logs->setActions(
@@ -61,6 +62,18 @@ void kokyaku::addMenus()
         {windows.showDetail, windows.showCaseDetail, windows.showPreview, windows.ichi});
     display->setMenu(menu);
     m_ui->Toolbar1->insertWidget(m_ui->ToolHelp, display);
+}
+
+// An entry under a name of its own that does what another does.
+QAction* kokyaku::entryFor(QAction& command, const QString& name)
+{
+    const QString key = command.shortcut().toString(QKeySequence::NativeText);
+    auto* const entry = new QAction(command.text() + u'\t' + key, this);
+    entry->setObjectName(name);
+    entry->setEnabled(command.isEnabled());
+    connect(&command, &QAction::enabledChanged, entry, &QAction::setEnabled);
+    connect(entry, &QAction::triggered, &command, &QAction::trigger);
+    return entry;
 }
 
 // Switched off until their screens are there.

@@ -92,6 +92,14 @@ TEST_F(KokyakuTest, RecentCustomersKeepTheirOwnOrderUntilAHeaderIsClicked)
     clickHeader(1, 0);
     EXPECT_EQ(cells(1, 0).value(0), u"新規"_s);
     EXPECT_EQ(cells(1, 0).value(4), u"XYZ 商会"_s);
+
+    // On the next day, and by a click on the node that is chosen already, the search runs anew.
+    clock.advanceMsecs(86'400'000);
+    QTest::keyClick(&control<QTreeWidget>("TreeView1"), Qt::Key_F5);
+    EXPECT_EQ(caption("lblKokya"), u"2024/04/09 ～ 2024/04/16 更新"_s);
+    addNamed(u"翌日"_s, u"ﾝﾝﾝ"_s);
+    choose({u"最近更新"_s});
+    EXPECT_EQ(cells(1, 0).value(0), u"翌日"_s);
 }
 
 TEST_F(KokyakuTest, StoredSearchesAreReadAgain)
