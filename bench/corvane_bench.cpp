@@ -27,7 +27,10 @@ namespace {
 const QString SearchedColumns =
     u"表示名ﾌﾘｶﾞﾅ 表示名 ﾕｰｻﾞｰ名ﾌﾘｶﾞﾅ ﾕｰｻﾞｰ名 自宅TEL 自宅FAX 自宅住所 "
     u"会社名ﾌﾘｶﾞﾅ 会社名 部署 会社TEL 会社FAX 会社住所 E-MAIL URL 備考"_s;
+// Found nowhere; a word of kanji and words without one are looked for in different ways.
 const QString NoHit = u"%どこにもない語%"_s;
+const QString NoHitKana = u"%ポラリペヌ%"_s;
+const QString NoHitLetters = u"%Quxzyw%"_s;
 
 const QString All = u"SELECT * FROM ユーザー"_s;
 const QString KanaOrder = u" ORDER BY ユーザー.表示名ﾌﾘｶﾞﾅ ,ユーザー.ﾕｰｻﾞｰID"_s;
@@ -50,9 +53,9 @@ QString searchedColumns(QChar open, QChar close, const QString& between)
     return columns.join(between);
 }
 
-QString search()
+QString search(const QString& pattern)
 {
-    return All + u" WHERE ("_s + searchedColumns(u'[', u']', u" & "_s) + u" ) Like '"_s + NoHit
+    return All + u" WHERE ("_s + searchedColumns(u'[', u']', u" & "_s) + u" ) Like '"_s + pattern
         + u'\'';
 }
 
@@ -145,10 +148,17 @@ bool measureStorage(const Files& files, const QString& password, qint64 customer
                      bench::compare([&] { readEverything(file, All, customers); },
                                     [&] { bare.readAll(BareAll); }),
                      1.3);
-    within &= report("search of the whole record",
-                     bench::compare([&] { readEverything(file, search(), 0); },
-                                    [&] { bare.readAll(bareReadOfSearched()); }),
-                     0.8);
+    const std::pair<const char*, QString> searches[] = {
+        {"search of the whole record", NoHit},
+        {"search of the whole record for kana", NoHitKana},
+        {"search of the whole record for letters", NoHitLetters}};
+    for (const auto& [name, pattern] : searches) {
+        const QString statement = search(pattern);
+        within &= report(name,
+                         bench::compare([&] { readEverything(file, statement, 0); },
+                                        [&] { bare.readAll(bareReadOfSearched()); }),
+                         0.8);
+    }
     within &= report("か行 page with its count",
                      bench::compare([&] { readPage(file, KaRow, true); },
                                     [&] {

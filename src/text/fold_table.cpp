@@ -159,4 +159,24 @@ QList<char32_t> FoldTable::spellings(char16_t unit) const
     return found;
 }
 
+std::vector<std::uint8_t> FoldTable::holders(std::u16string_view units) const
+{
+    std::vector<std::uint8_t> bits(m_entries.size());
+    for (std::size_t i = 0; i < units.size(); ++i)
+        bits[units[i]] |= static_cast<std::uint8_t>(1U << i);
+    bits[0] = 0; // an entry's empty half
+
+    std::vector<std::uint8_t> held(m_entries.size());
+    for (std::size_t c = 0; c < held.size(); ++c) {
+        const std::uint32_t entry = m_entries[c];
+        if (entry >> 16 != kLong) {
+            held[c] = bits[entry & 0xFFFF] | bits[entry >> 16];
+            continue;
+        }
+        for (const char16_t unit : longFold(entry))
+            held[c] |= bits[unit];
+    }
+    return held;
+}
+
 } // namespace text

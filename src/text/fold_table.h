@@ -30,6 +30,10 @@ public:
     // All code points in whose folds this unit stands. Looks through the whole table.
     QList<char32_t> spellings(char16_t unit) const;
 
+    // For each code point up to U+FFFF: bit i is set when units[i] stands in its fold. At most
+    // eight units.
+    std::vector<std::uint8_t> holders(std::u16string_view units) const;
+
 private:
     FoldTable();
 
