@@ -91,8 +91,8 @@ std::optional<core::OpenedDataFile> Program::openCustomers(const QString& path, 
     if (!customer::OpenCustomerFile(*file, path, mode))
         return std::nullopt;
     const QStringList notice = customer::noticeLines(*file);
-    auto* const screen =
-        new customer::kokyaku(std::move(file), m_shared, m_opener, m_files, m_userSettings);
+    auto* const screen = new customer::kokyaku(std::move(file), m_shared, m_opener, m_files,
+                                               m_drafts[path], m_userSettings);
     QObject::connect(screen, &customer::kokyaku::closed, screen, [this] {
         m_shared.CustomerDataPath.clear();
         show(Screen::Menu);

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "core/screens/screen_flow.h"
+#include "ui/drafts.h"
 #include "ui/file_chooser.h"
 
 #include <QList>
 #include <QPointer>
+
+#include <map>
 
 namespace core {
 class Opener;
@@ -40,5 +43,6 @@ private:
     core::Opener& m_opener;
     ui::UserSettings& m_userSettings;
     ui::FileDialogs m_files;
+    std::map<QString, ui::Drafts> m_drafts; // by the data file's path
     QList<QPointer<QWidget>> m_screens;
 };

@@ -9,7 +9,7 @@
 
 namespace ui {
 
-// What forms held when they closed without saving it, for as long as the main screen is open.
+// What forms of one data file held when they closed without saving it, as long as the program runs.
 class Drafts {
 public:
     void keep(const QString& form, const FormState& state) { m_states.insert(form, state); }

@@ -155,8 +155,12 @@ void EditForm::emptyFields()
 
 void EditForm::done(int result)
 {
-    if (isChanged())
-        m_drafts.keep(m_orphaned ? orphanedDraft() : m_draft, state());
+    // What was not edited is left out: another copy may have changed it meanwhile. A record that is
+    // gone is kept whole.
+    if (isChanged() && m_orphaned)
+        m_drafts.keep(orphanedDraft(), state());
+    else if (isChanged())
+        m_drafts.keep(m_draft, state().changedFrom(m_shown));
     QDialog::done(result);
 }
 

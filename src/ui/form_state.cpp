@@ -42,6 +42,16 @@ FormState FormState::of(const QWidget& form, const QSet<const QWidget*>& leftOut
     return state;
 }
 
+FormState FormState::changedFrom(const FormState& shown) const
+{
+    FormState changed;
+    for (auto value = m_values.cbegin(); value != m_values.cend(); ++value) {
+        if (shown.m_values.value(value.key()) != value.value())
+            changed.m_values.insert(value.key(), value.value());
+    }
+    return changed;
+}
+
 void FormState::applyTo(const QWidget& form) const
 {
     for (auto value = m_values.cbegin(); value != m_values.cend(); ++value) {

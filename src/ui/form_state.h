@@ -15,6 +15,8 @@ public:
     // The fields that the form has now, those in `leftOut` not among them.
     static FormState of(const QWidget& form, const QSet<const QWidget*>& leftOut = {});
 
+    // Those of the fields that differ from another state of the same form.
+    FormState changedFrom(const FormState& shown) const;
     // Puts everything back into the fields; a field that is not there is passed over.
     void applyTo(const QWidget& form) const;
 

@@ -18,18 +18,29 @@ bool isKana(QChar character)
     return fullWidth || (unit >= 0xFF66 && unit <= 0xFF9F);
 }
 
-bool isAllKana(QStringView text)
+// A sign or a digit stands in a reading as it is; a letter is the beginning of a kana.
+bool isSign(QChar character)
 {
-    return !text.isEmpty() && std::all_of(text.begin(), text.end(), isKana);
+    const char16_t unit = character.unicode();
+    return !character.isLetter()
+        && (unit < 0x80 || unit == 0x3000 || (unit >= 0xFF01 && unit <= 0xFF5E));
 }
 
-// The kana of a conversion in progress. A trailing n waits for its vowel and becomes ん when none
-// comes; empty text when anything else is not kana.
-QString kanaOf(const QString& composing)
+// Kana, and signs among them.
+bool isReading(QStringView text)
+{
+    return std::any_of(text.begin(), text.end(), isKana)
+        && std::all_of(text.begin(), text.end(),
+                       [](QChar character) { return isKana(character) || isSign(character); });
+}
+
+// The reading of a conversion in progress. A trailing n waits for its vowel and becomes ん when
+// none comes; empty text when the reading cannot be told.
+QString readingOf(const QString& composing)
 {
     const bool hasN = composing.endsWith(u'n') || composing.endsWith(u'ｎ');
     const QStringView kana = hasN ? QStringView(composing).chopped(1) : QStringView(composing);
-    if (!kana.isEmpty() && !isAllKana(kana))
+    if (!kana.isEmpty() && !isReading(kana))
         return {};
     return hasN ? kana.toString() + u'ん' : kana.toString();
 }
@@ -74,8 +85,8 @@ void ReadingFiller::compose(const QInputMethodEvent& event)
         m_composed.clear();
     }
     const QString& composing = event.preeditString();
-    if (const QString kana = kanaOf(composing); !kana.isEmpty())
-        m_composed = kana;
+    if (const QString reading = readingOf(composing); !reading.isEmpty())
+        m_composed = reading;
     else if (composing.isEmpty())
         m_composed.clear();
 }

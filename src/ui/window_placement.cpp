@@ -2,7 +2,9 @@
 
 #include "ui/user_settings.h"
 
+#include <QGuiApplication>
 #include <QHeaderView>
+#include <QScreen>
 #include <QSplitter>
 
 using namespace Qt::Literals::StringLiterals;
@@ -50,6 +52,12 @@ void restoreHeader(QHeaderView& header, const UserSettings& settings)
 void saveHeader(const QHeaderView& header, UserSettings& settings)
 {
     settings.setValue(headerName(header), header.saveState());
+}
+
+QRect areaFor(const QWidget& window, const QRect& kept)
+{
+    const QScreen* const there = QGuiApplication::screenAt(kept.center());
+    return (there ? there : window.screen())->availableGeometry();
 }
 
 QRect fitInto(const QRect& area, QRect rectangle)

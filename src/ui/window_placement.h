@@ -20,6 +20,8 @@ void saveSplitter(const QSplitter& splitter, UserSettings& settings);
 void restoreHeader(QHeaderView& header, const UserSettings& settings);
 void saveHeader(const QHeaderView& header, UserSettings& settings);
 
+// The room on the screen that a kept place lies on; on the window's own where that is gone.
+QRect areaFor(const QWidget& window, const QRect& kept);
 // The rectangle moved, and shrunk if need be, so that all of it can be seen in `area`.
 QRect fitInto(const QRect& area, QRect rectangle);
 

@@ -62,7 +62,8 @@ QString whyNoFileName(const QString& name)
     };
     if (std::any_of(name.begin(), name.end(), isForbidden))
         return u"データ名に「/」「\\」や改行、タブは使えません。"_s;
-    if (name == u"."_s || name == u".."_s)
+    // The last is where compaction writes.
+    if (name == u"."_s || name == u".."_s || name == u"最適化"_s)
         return u"「"_s + name + u"」はデータ名に使えません。"_s;
     const QByteArray bytes = QFile::encodeName(name);
     if (QFile::decodeName(bytes) != name)

@@ -14,6 +14,14 @@ void tellRowGone(Messages& messages)
     messages.warn(u"データが削除されている為、更新できません。\r\nリスト表示を更新して下さい。"_s);
 }
 
+void tellNothingRead(DataFile& file, qsizetype failuresBefore)
+{
+    if (file.connection.errors().size() > failuresBefore)
+        tellFailure(file.messages, ReadFailedText, file.connection);
+    else
+        tellRowGone(file.messages);
+}
+
 CheckResult CheckRecord(storage::Connection& connection, Messages& messages, const QString& query,
                         const QString& stampShown)
 {

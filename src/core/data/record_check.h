@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QString>
+#include "core/data/data_file.h"
 
-namespace storage {
-class Connection;
-}
+#include <QString>
 
 namespace core {
 
@@ -25,5 +23,19 @@ bool CheckParent(storage::Connection& connection, Messages& messages, const QStr
 
 // Tells the user that the row to be changed was deleted meanwhile.
 void tellRowGone(Messages& messages);
+
+// Tells why nothing was read: the row was deleted meanwhile or, when the connection has recorded
+// more failures than the given number, the last of them.
+void tellNothingRead(DataFile& file, qsizetype failuresBefore);
+
+// What `read` gives, an optional; when it is empty, the user is told why.
+template <typename Read> auto readOrTell(DataFile& file, const Read& read)
+{
+    const qsizetype failures = file.connection.errors().size();
+    auto found = read();
+    if (!found)
+        tellNothingRead(file, failures);
+    return found;
+}
 
 } // namespace core

@@ -19,7 +19,8 @@ admin::admin(Shared& shared, ScreenFlow& flow, QWidget* parent)
     m_ui->setupUi(this);
     m_ui->ListView1->header()->resizeSection(0, 320);
     connect(m_ui->Option1, &QRadioButton::toggled, this, &admin::Option_Click);
-    connect(m_ui->ListView1, &QTreeWidget::currentItemChanged, this, &admin::ListView1_ItemClick);
+    // Coming to the list by Tab selects nothing yet.
+    connect(m_ui->ListView1, &QTreeWidget::itemSelectionChanged, this, &admin::ListView1_ItemClick);
     connect(m_ui->Command1, &QPushButton::clicked, this, &admin::Command1_Click);
     connect(m_ui->Command2, &QPushButton::clicked, this, &admin::Command2_Click);
     connect(m_ui->Command3, &QPushButton::clicked, this, &admin::Command3_Click);
@@ -46,10 +47,10 @@ DataKind admin::kind() const
 
 std::optional<DataFileEntry> admin::selectedEntry() const
 {
-    const int row = m_ui->ListView1->indexOfTopLevelItem(m_ui->ListView1->currentItem());
-    if (row < 0)
+    const QList<QTreeWidgetItem*> selected = m_ui->ListView1->selectedItems();
+    if (selected.isEmpty())
         return std::nullopt;
-    return m_entries[row];
+    return m_entries[m_ui->ListView1->indexOfTopLevelItem(selected.first())];
 }
 
 void admin::fillList(qint64 selectedNumber)

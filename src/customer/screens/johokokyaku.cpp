@@ -135,11 +135,11 @@ void johokokyaku::moveToKeptPlace()
 {
     const QPoint kept(ui::pixelsFromTwips(m_settings.detailLeft),
                       ui::pixelsFromTwips(m_settings.detailTop));
-    const QRect area = screen()->availableGeometry();
-    QRect seen = ui::fitInto(area, QRect(kept, size()));
+    const QRect wanted(kept, size());
+    QRect seen = ui::fitInto(ui::areaFor(*this, wanted), wanted);
     // A place that was never saved is 0, 0, where the window would hide the index.
     if (kept.isNull())
-        seen.moveTopRight(area.topRight());
+        seen.moveTopRight(screen()->availableGeometry().topRight());
     move(seen.topLeft());
 }
 

@@ -42,11 +42,12 @@ int selectedBy()
 } // namespace
 
 kokyaku::kokyaku(std::unique_ptr<CustomerFile> file, core::Shared& shared, core::Opener& opener,
-                 ui::FileChooser& files, ui::UserSettings& userSettings, QWidget* parent)
+                 ui::FileChooser& files, ui::Drafts& drafts, ui::UserSettings& userSettings,
+                 QWidget* parent)
     : QMainWindow(parent),
       m_ui(std::make_unique<Ui::kokyaku>()),
       m_file(std::move(file)),
-      m_desk{*m_file, shared, opener, files, m_drafts, userSettings}
+      m_desk{*m_file, shared, opener, files, drafts, userSettings}
 {
     m_ui->setupUi(this);
     Form_Load();
@@ -83,7 +84,7 @@ void kokyaku::Form_Load()
     m_ui->logs->initialize(*m_file, m_settings);
     m_ui->files->initialize(m_desk);
     m_ui->schedule->initialize(*m_file);
-    m_ui->schedule->setVisible(m_settings.showSchedule == 0);
+    m_ui->schedule->showEntries(m_settings.showSchedule == 0);
     connectPanes();
     connectCommands();
     connectWindows();
@@ -113,21 +114,16 @@ void kokyaku::connectPanes()
 
 void kokyaku::connectCommands()
 {
-    connect(m_commands, &KokyakuCommands::customerWritten, this, [this] {
-        m_ui->customers->refill();
-        m_ui->cases->refill();
-        m_ui->logs->clear();
-        m_windows->refill();
-    });
-    connect(m_commands, &KokyakuCommands::caseWritten, this, [this] {
-        m_ui->customers->refill();
-        m_ui->cases->refill();
-        m_ui->logs->clear();
-        m_windows->refill();
-    });
+    for (const auto written : {&KokyakuCommands::customerWritten, &KokyakuCommands::caseWritten}) {
+        connect(m_commands, written, this, [this] {
+            refillCustomersAndCases();
+            m_ui->logs->clear();
+            m_windows->refill();
+        });
+    }
     connect(m_commands, &KokyakuCommands::logWritten, this, [this] {
         // The list may have been emptied when the case was saved.
-        if (!m_ui->logs->isShown())
+        if (!m_ui->logs->isShown() && !m_ui->cases->currentKey().isNone())
             m_ui->logs->showLogsOf(m_ui->cases->currentKey(), m_ui->cases->currentTitle());
         refillLists();
     });
@@ -175,6 +171,7 @@ void kokyaku::customerChosen(int column)
     m_windows->customerSelected(key, column);
     m_commands->showSelection();
     m_ui->ToolKenAdd->setEnabled(!key.isNone());
+    m_casesOfCustomer->setEnabled(!key.isNone());
 }
 
 void kokyaku::caseChosen(int column)
@@ -193,14 +190,24 @@ void kokyaku::caseChosen(int column)
 
 void kokyaku::logChosen(int column)
 {
-    m_windows->logSelected(m_ui->logs->currentKey(), column);
+    const core::RecordKey key = m_ui->logs->currentKey();
+    m_windows->logSelected(key, column);
+    m_caseOfLog->setEnabled(!key.isNone());
     m_commands->showSelection();
+}
+
+// The captions follow what was renamed.
+void kokyaku::refillCustomersAndCases()
+{
+    m_ui->customers->refill();
+    m_ui->cases->renameCustomer(m_ui->customers->currentKey(), m_ui->customers->currentName());
+    m_ui->cases->refill();
+    m_ui->files->renameCase(m_ui->cases->currentKey(), m_ui->cases->currentTitle());
 }
 
 void kokyaku::refillLists()
 {
-    m_ui->customers->refill();
-    m_ui->cases->refill();
+    refillCustomersAndCases();
     m_ui->logs->refill();
     m_ui->files->refill();
     m_ui->schedule->refill();
@@ -230,9 +237,18 @@ void kokyaku::addKeys()
     keys->addNumber(1, &m_ui->customers->view());
     keys->addNumber(2, &m_ui->cases->view());
     keys->addNumber(3, &m_ui->logs->view());
+    // Into the details and back; the key works in the window over this one too.
+    connect(new QShortcut(Qt::CTRL | Qt::Key_I, this), &QShortcut::activated, this, [this] {
+        if (isActiveWindow())
+            m_windows->activateDetail();
+        else
+            activateWindow();
+    });
     connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this, [this] {
         m_ui->index->reload();
         refillLists();
+        if (!m_ui->logs->isShown())
+            caseChosen(); // emptied after a save
     });
 }
 

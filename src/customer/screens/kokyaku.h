@@ -3,7 +3,6 @@
 #include "customer/data/customer_file.h"
 #include "customer/data/settings.h"
 #include "customer/screens/desk.h"
-#include "ui/drafts.h"
 
 #include <QMainWindow>
 
@@ -29,7 +28,8 @@ class kokyaku : public QMainWindow {
 public:
     // `file` is open. What is handed in must live longer than the screen.
     kokyaku(std::unique_ptr<CustomerFile> file, core::Shared& shared, core::Opener& opener,
-            ui::FileChooser& files, ui::UserSettings& userSettings, QWidget* parent = nullptr);
+            ui::FileChooser& files, ui::Drafts& drafts, ui::UserSettings& userSettings,
+            QWidget* parent = nullptr);
     ~kokyaku() override;
 
     // Reads all lists again after something was written: counters, customers, cases, logs.
@@ -53,6 +53,7 @@ private:
     void MenuRogKenHyouzi_Click();
     void findCases();
 
+    void refillCustomersAndCases();
     Selection selection() const;
     void connectPanes();
     void connectCommands();
@@ -70,9 +71,10 @@ private:
 
     std::unique_ptr<Ui::kokyaku> m_ui;
     std::unique_ptr<CustomerFile> m_file;
-    ui::Drafts m_drafts;
     Desk m_desk;
     Settings m_settings;
+    QAction* m_casesOfCustomer = nullptr; // MenuKenHyouzi
+    QAction* m_caseOfLog = nullptr;       // MenuRogKenHyouzi
     KokyakuCommands* m_commands = nullptr;
     KokyakuWindows* m_windows = nullptr;
 };

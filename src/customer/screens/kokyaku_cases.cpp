@@ -45,6 +45,12 @@ kokyaku_cases::kokyaku_cases(QWidget* parent)
     }
     m_ui->TreeView2->setCurrentItem(m_ui->TreeView2->topLevelItem(0));
     connect(m_ui->TreeView2, &QTreeWidget::currentItemChanged, this, &kokyaku_cases::chooseView);
+    // Clicking the node that is chosen already runs its search again.
+    m_ui->TreeView2->viewport()->installEventFilter(this);
+    connect(m_ui->TreeView2, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
+        if (item == m_beforePress)
+            chooseView(item);
+    });
 }
 
 kokyaku_cases::~kokyaku_cases() = default;
@@ -66,7 +72,6 @@ void kokyaku_cases::initialize(CustomerFile& file, const Settings& settings)
     m_list->model().setCheckBoxes(true, true);
     connect(&m_list->model(), &ui::PagedListModel::checkRequested, this,
             &kokyaku_cases::ListView2_ItemCheck);
-    m_list->model().setEmphasis(plannedLooks(), PlannedColumn);
     m_ui->ListView2->keepLightBase();
     connect(m_ui->ListView2, &ui::ListView::currentRowChanged, this,
             &kokyaku_cases::currentChanged);
@@ -130,7 +135,30 @@ void kokyaku_cases::forgetCustomer()
 
 void kokyaku_cases::refill()
 {
+    if (m_view == CaseView::Recent) { // the day may have changed
+        m_filter = filterOfView(m_view);
+        m_ui->lblKen->setCaption(m_filter.caption);
+    }
     m_list->refill();
+}
+
+void kokyaku_cases::renameCustomer(const core::RecordKey& customer, const QString& name)
+{
+    const ListFilter renamed = casesOfCustomer(customer, name);
+    if (customer.isNone() || renamed.condition != m_ofCustomer.condition || renamed == m_ofCustomer)
+        return;
+    if (m_filter == m_ofCustomer) {
+        m_filter = renamed;
+        m_ui->lblKen->setCaption(renamed.caption);
+    }
+    m_ofCustomer = renamed;
+}
+
+bool kokyaku_cases::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonPress)
+        m_beforePress = m_ui->TreeView2->currentItem();
+    return QWidget::eventFilter(watched, event);
 }
 
 void kokyaku_cases::chooseView(QTreeWidgetItem* item)
@@ -201,8 +229,13 @@ void kokyaku_cases::ListView2_ItemCheck(int row, bool print)
 {
     core::ListRow shown = m_list->model().rowAt(row);
     const auto key = core::RecordKey::fromText(shown.key);
+    const std::optional<KeptCase> before = readCase(*m_file, key);
     if (setCasePrint(*m_file, key, print) != core::SaveResult::Saved) {
         refill();
+        return;
+    }
+    if (before && before->key.stamp != key.stamp) {
+        refill(); // another copy had changed what the row shows
         return;
     }
     if (const std::optional<KeptCase> kept = readCase(*m_file, key)) {
@@ -223,22 +256,28 @@ int kokyaku_cases::chosenNode() const
     return m_view == CaseView::Other ? 0 : m_ui->TreeView2->currentIndex().row();
 }
 
-// The check boxes stand in the first column that is shown.
+// The check boxes stand in the first column that is shown, the words for the colours beside the
+// date.
 void kokyaku_cases::showDateColumns()
 {
     const bool registered = m_settings->caseDateShown != PlannedDateAlone;
+    const bool planned = m_settings->caseDateShown != RegisteredDateAlone;
     m_list->model().setCheckColumn(registered ? RegisteredColumn : PlannedColumn);
+    m_list->model().setEmphasis(plannedLooks(), planned ? PlannedColumn : RegisteredColumn);
     m_ui->ListView2->setColumnHidden(RegisteredColumn, !registered);
-    m_ui->ListView2->setColumnHidden(PlannedColumn,
-                                     m_settings->caseDateShown == RegisteredDateAlone);
+    m_ui->ListView2->setColumnHidden(PlannedColumn, !planned);
 }
 
 void kokyaku_cases::addViewsTo(QMenu& menu)
 {
     for (int i = 0; i < m_ui->TreeView2->topLevelItemCount(); ++i) {
         QTreeWidgetItem* const item = m_ui->TreeView2->topLevelItem(i);
-        menu.addAction(item->text(0), this,
-                       [this, item] { m_ui->TreeView2->setCurrentItem(item); });
+        menu.addAction(item->text(0), this, [this, item] {
+            if (item == m_ui->TreeView2->currentItem())
+                chooseView(item);
+            else
+                m_ui->TreeView2->setCurrentItem(item);
+        });
     }
 }
 

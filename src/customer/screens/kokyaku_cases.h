@@ -52,6 +52,8 @@ public:
     // No customer is chosen any more: the cases of a single one go.
     void forgetCustomer();
     void refill();
+    // The captions of this customer's cases bear its new name.
+    void renameCustomer(const core::RecordKey& customer, const QString& name);
     // Empties the list and its counters.
     void clear();
 
@@ -68,6 +70,9 @@ signals:
     // Another case was chosen, or none.
     void currentChanged();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void ListView2_ItemCheck(int row, bool print);
     void chooseView(QTreeWidgetItem* item);
@@ -80,6 +85,7 @@ private:
     std::unique_ptr<ui::OrderedList> m_list;
     CustomerFile* m_file = nullptr;
     const Settings* m_settings = nullptr;
+    const QTreeWidgetItem* m_beforePress = nullptr; // chosen when the mouse button went down
     CaseView m_view = CaseView::Single;
     QList<QAction*> m_actions;
     ListFilter m_filter;

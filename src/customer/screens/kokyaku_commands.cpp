@@ -23,6 +23,7 @@ KokyakuCommands::KokyakuCommands(const Desk& desk, std::function<Selection()> se
         action(u"MenuUserListKyakuSansyoAdd"_s, u"顧客を参照追加(&S)"_s,
                &KokyakuCommands::addCustomerLike),
         action(u"MenuUserListKenAdd"_s, u"件名を追加(&K)"_s, &KokyakuCommands::addNewCase),
+        action(u"MenuKenListKenAdd"_s, u"件名を追加(&K)"_s, &KokyakuCommands::addCaseFromCases),
         action(u"MenuKenListRogAdd"_s, u"ログを追加(&L)"_s, &KokyakuCommands::addLogFromCases),
         action(u"MenuRogListAdd"_s, u"ログを追加(&L)"_s, &KokyakuCommands::addLogFromLogs),
         action(u"MenuYoteiAdd"_s, u"予定を追加(&Y)"_s, &KokyakuCommands::addSchedule),
@@ -58,6 +59,8 @@ void KokyakuCommands::showSelection()
     for (QAction* const each :
          {m_actions.MenuKenListRogAdd, m_actions.MenuRogListAdd, m_actions.MenuKenListKenEdit})
         each->setEnabled(!selected.ofCase.isNone());
+    m_actions.MenuKenListKenAdd->setEnabled(!selected.customer.isNone()
+                                            || !selected.ofCase.isNone());
     m_actions.MenuRogListEdit->setEnabled(!selected.log.isNone());
 }
 
@@ -70,11 +73,10 @@ void KokyakuCommands::addNewCustomer()
 void KokyakuCommands::addCustomerLike()
 {
     const Selection selected = m_selection();
-    const std::optional<KeptCustomer> like = readCustomer(m_desk.file, selected.customer);
-    if (!like) {
-        core::tellRowGone(m_desk.file.messages);
+    const std::optional<KeptCustomer> like =
+        core::readOrTell(m_desk.file, [&] { return readCustomer(m_desk.file, selected.customer); });
+    if (!like)
         return;
-    }
     open(new upkokyaku(m_desk.file, m_desk.drafts,
                        {true, {}, like->fields, selected.customer.updateId}, m_window),
          u"【 "_s + selected.customerName + u" 】参照追加"_s, &KokyakuCommands::customerWritten);
@@ -85,11 +87,10 @@ void KokyakuCommands::editCustomer()
     const Selection selected = m_selection();
     if (selected.customer.isNone())
         return;
-    const std::optional<KeptCustomer> kept = readCustomer(m_desk.file, selected.customer);
-    if (!kept) {
-        core::tellRowGone(m_desk.file.messages);
+    const std::optional<KeptCustomer> kept =
+        core::readOrTell(m_desk.file, [&] { return readCustomer(m_desk.file, selected.customer); });
+    if (!kept)
         return;
-    }
     auto* const form = new upkokyaku(m_desk.file, m_desk.drafts,
                                      {false, selected.customer, kept->fields}, m_window);
     connect(form, &ui::EditForm::removed, this, &KokyakuCommands::customerRemoved);
@@ -99,10 +100,32 @@ void KokyakuCommands::editCustomer()
 void KokyakuCommands::addNewCase()
 {
     const Selection selected = m_selection();
-    if (selected.customer.isNone())
+    if (!selected.customer.isNone())
+        openNewCase(selected.customer, selected.customerName);
+}
+
+// The list may hold the cases of all customers: the new one is for the customer of the case that
+// is selected there.
+void KokyakuCommands::addCaseFromCases()
+{
+    const Selection selected = m_selection();
+    if (selected.ofCase.isNone()) {
+        addNewCase();
         return;
-    open(new upkenmei(m_desk.file, m_desk.drafts, selected.customer, m_window),
-         u"【 "_s + selected.customerName + u" 】件名追加"_s, &KokyakuCommands::caseWritten);
+    }
+    const std::optional<KeptCase> shown = readCase(m_desk.file, selected.ofCase);
+    const std::optional<KeptCustomer> owner =
+        shown ? readOwner(m_desk.file, shown->customerId, shown->key.mark) : std::nullopt;
+    if (owner)
+        openNewCase(owner->key, owner->fields.texts[DisplayName]);
+    else
+        core::tellRowGone(m_desk.file.messages);
+}
+
+void KokyakuCommands::openNewCase(const core::RecordKey& customer, const QString& name)
+{
+    open(new upkenmei(m_desk.file, m_desk.drafts, customer, m_window),
+         u"【 "_s + name + u" 】件名追加"_s, &KokyakuCommands::caseWritten);
 }
 
 void KokyakuCommands::editCase()
@@ -110,11 +133,10 @@ void KokyakuCommands::editCase()
     const Selection selected = m_selection();
     if (selected.ofCase.isNone())
         return;
-    std::optional<KeptCase> kept = readCase(m_desk.file, selected.ofCase);
-    if (!kept) {
-        core::tellRowGone(m_desk.file.messages);
+    std::optional<KeptCase> kept =
+        core::readOrTell(m_desk.file, [&] { return readCase(m_desk.file, selected.ofCase); });
+    if (!kept)
         return;
-    }
     kept->key = selected.ofCase;
     auto* const form = new upkenmei(m_desk.file, m_desk.drafts, *kept, m_window);
     connect(form, &ui::EditForm::removed, this, &KokyakuCommands::caseRemoved);
@@ -145,11 +167,10 @@ void KokyakuCommands::editLog()
     const Selection selected = m_selection();
     if (selected.log.isNone())
         return;
-    std::optional<KeptLog> kept = readLog(m_desk.file, selected.log);
-    if (!kept) {
-        core::tellRowGone(m_desk.file.messages);
+    std::optional<KeptLog> kept =
+        core::readOrTell(m_desk.file, [&] { return readLog(m_desk.file, selected.log); });
+    if (!kept)
         return;
-    }
     kept->key = selected.log;
     open(new upkrog(m_desk.file, m_desk.drafts, *kept, m_window), u"ログ情報を編集"_s,
          &KokyakuCommands::logWritten);
@@ -166,11 +187,10 @@ void KokyakuCommands::editSchedule(const core::RecordKey& key)
 {
     if (key.isNone())
         return;
-    std::optional<core::KeptScheduleEntry> kept = core::readScheduleEntry(m_desk.file, key);
-    if (!kept) {
-        core::tellRowGone(m_desk.file.messages);
+    std::optional<core::KeptScheduleEntry> kept =
+        core::readOrTell(m_desk.file, [&] { return core::readScheduleEntry(m_desk.file, key); });
+    if (!kept)
         return;
-    }
     kept->key = key;
     open(new upkyotei(m_desk.file, m_desk.drafts, *kept, m_window), u"予定情報を編集"_s,
          &KokyakuCommands::scheduleWritten);

@@ -34,6 +34,7 @@ struct CommandActions {
     QAction* MenuUserListKyakuAdd = nullptr;
     QAction* MenuUserListKyakuSansyoAdd = nullptr;
     QAction* MenuUserListKenAdd = nullptr;
+    QAction* MenuKenListKenAdd = nullptr;
     QAction* MenuKenListRogAdd = nullptr;
     QAction* MenuRogListAdd = nullptr;
     QAction* MenuYoteiAdd = nullptr;
@@ -76,6 +77,8 @@ private:
     void addNewCustomer();
     void addCustomerLike();
     void addNewCase();
+    void addCaseFromCases();
+    void openNewCase(const core::RecordKey& customer, const QString& name);
     void addLogFromCases();
     void addLogFromLogs();
     void addSchedule();

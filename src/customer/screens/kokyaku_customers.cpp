@@ -96,6 +96,9 @@ void kokyaku_customers::ListView1_ItemCheck(int row, bool print)
     if (const std::optional<KeptCustomer> kept = readCustomer(*m_file, key)) {
         shown.key = kept->key.toText();
         shown.checked = kept->fields.print;
+        // Another copy may have changed them before.
+        const auto& texts = kept->fields.texts;
+        shown.cells = {texts[DisplayName], texts[HomePhone], texts[CompanyPhone], texts[Email]};
         m_list->model().replaceRow(row, shown);
     }
 }

@@ -26,9 +26,14 @@ void kokyaku_files::initialize(const Desk& desk)
 
 void kokyaku_files::showFilesOf(const core::RecordKey& ofCase, const QString& title)
 {
+    renameCase(ofCase, title);
+    m_shortcuts->showOwner(ofCase);
+}
+
+void kokyaku_files::renameCase(const core::RecordKey& ofCase, const QString& title)
+{
     m_ui->lblKanren->setCaption(ofCase.isNone() ? u"件名が選択されていません。"_s
                                                 : u"【 "_s + title + u" 】関連ﾌｧｲﾙ表示"_s);
-    m_shortcuts->showOwner(ofCase);
 }
 
 void kokyaku_files::refill()

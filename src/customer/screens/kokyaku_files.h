@@ -29,6 +29,8 @@ public:
     void initialize(const Desk& desk);
     // Shows the files of a case; none: the list is empty.
     void showFilesOf(const core::RecordKey& ofCase, const QString& title);
+    // The caption bears this title; the list stays.
+    void renameCase(const core::RecordKey& ofCase, const QString& title);
     void refill();
     void clear();
     ui::ListView& view();

@@ -1,4 +1,5 @@
 #include "core/data/messages.h"
+#include "core/data/record_check.h"
 #include "core/data/shared.h"
 #include "customer/data/logs.h"
 #include "customer/screens/kokyaku.h"
@@ -20,12 +21,14 @@ void kokyaku::addMenus()
     auto* const files = new QAction(u"関連ﾌｧｲﾙを表示(&F)"_s, this);
     files->setObjectName(u"MenuKanrneHyouzi"_s);
     connect(files, &QAction::triggered, this, &kokyaku::MenuKanrneHyouzi_Click);
-    auto* const caseOfLog = new QAction(u"件名を表示(&K)"_s, this);
-    caseOfLog->setObjectName(u"MenuRogKenHyouzi"_s);
-    connect(caseOfLog, &QAction::triggered, this, &kokyaku::MenuRogKenHyouzi_Click);
-    auto* const casesOfCustomer = new QAction(u"件名を表示(&H)"_s, this);
-    casesOfCustomer->setObjectName(u"MenuKenHyouzi"_s);
-    connect(casesOfCustomer, &QAction::triggered, this, [this] {
+    m_caseOfLog = new QAction(u"件名を表示(&K)"_s, this);
+    m_caseOfLog->setObjectName(u"MenuRogKenHyouzi"_s);
+    m_caseOfLog->setEnabled(false);
+    connect(m_caseOfLog, &QAction::triggered, this, &kokyaku::MenuRogKenHyouzi_Click);
+    m_casesOfCustomer = new QAction(u"件名を表示(&H)"_s, this);
+    m_casesOfCustomer->setObjectName(u"MenuKenHyouzi"_s);
+    m_casesOfCustomer->setEnabled(false);
+    connect(m_casesOfCustomer, &QAction::triggered, this, [this] {
         customerChosen();
         m_ui->cases->view().setFocus();
     });
@@ -35,14 +38,14 @@ void kokyaku::addMenus()
     m_ui->customers->setActions(
         QList<QAction*>{commands.MenuUserListKyakuAdd, commands.MenuUserListKyakuSansyoAdd,
                         commands.MenuUserListKyakuEdit, commands.MenuUserListKenAdd,
-                        casesOfCustomer, windows.showDetail}
+                        m_casesOfCustomer, windows.showDetail}
         + laterScreens());
     m_ui->cases->setActions({entryFor(*commands.MenuUserListKyakuAdd, u"MenuKenListKokyakuAdd"_s),
-                             entryFor(*commands.MenuUserListKenAdd, u"MenuKenListKenAdd"_s),
-                             commands.MenuKenListKenEdit, commands.MenuKenListRogAdd, files,
-                             windows.showCaseDetail, displayMenu()->menuAction()});
+                             commands.MenuKenListKenAdd, commands.MenuKenListKenEdit,
+                             commands.MenuKenListRogAdd, files, windows.showCaseDetail,
+                             displayMenu()->menuAction()});
     m_ui->logs->setActions(
-        {commands.MenuRogListAdd, commands.MenuRogListEdit, caseOfLog, windows.showPreview});
+        {commands.MenuRogListAdd, commands.MenuRogListEdit, m_caseOfLog, windows.showPreview});
     auto* const editEntry = new QAction(u"予定を編集(&E)"_s, this);
     connect(editEntry, &QAction::triggered, this, [this] {
         m_commands->editSchedule(core::RecordKey::fromText(m_ui->schedule->view().currentKey()));
@@ -119,11 +122,10 @@ void kokyaku::MenuKanrneHyouzi_Click()
 
 void kokyaku::MenuRogKenHyouzi_Click()
 {
-    const std::optional<KeptLog> log = readLog(*m_file, m_ui->logs->currentKey());
-    if (!log) {
-        m_desk.shared.messages.refuse(u"件名が選択されていません。"_s);
+    const std::optional<KeptLog> log =
+        core::readOrTell(*m_file, [this] { return readLog(*m_file, m_ui->logs->currentKey()); });
+    if (!log)
         return;
-    }
     m_ui->cases->showCase({0, log->key.mark, log->caseId, {}});
     m_ui->cases->view().setFocus();
 }

@@ -45,6 +45,12 @@ void kokyaku_schedule::initialize(CustomerFile& file)
     refill();
 }
 
+// The calendar stays: days are chosen there for the cases too.
+void kokyaku_schedule::showEntries(bool shown)
+{
+    m_ui->ListView8->setVisible(shown);
+}
+
 void kokyaku_schedule::refill()
 {
     markDays();

@@ -27,6 +27,8 @@ public:
 
     void initialize(CustomerFile& file);
     // Reads marks and entries again; the chosen day stays.
+    // Whether the list of entries is shown (予定表示).
+    void showEntries(bool shown);
     void refill();
     void clear();
     QWidget* calendar();

@@ -70,7 +70,8 @@ void KokyakuWindows::setMode(QAction& action, int Settings::*mode, bool on)
         m_preview->setVisible(on && !m_log.isNone());
         m_preview->showEntry(m_log);
     } else if (!on) {
-        m_detail->hide();
+        if (m_settings.customerDetail != 1 && m_settings.caseDetail != 1)
+            m_detail->hide();
     } else if (&action == m_actions.showDetail) {
         m_Timer1.start();
     } else {
@@ -81,9 +82,11 @@ void KokyakuWindows::setMode(QAction& action, int Settings::*mode, bool on)
 void KokyakuWindows::customerSelected(const core::RecordKey& key, int column)
 {
     m_customer = key;
-    if (key.isNone() || m_settings.customerDetail != 1)
+    if (key.isNone())
         return;
-    if (m_detail->isVisible() || opens(m_settings.customerClickColumn, column))
+    const bool opened =
+        m_settings.customerDetail == 1 && opens(m_settings.customerClickColumn, column);
+    if (opened || m_detail->isVisible())
         m_Timer1.start();
 }
 
@@ -111,12 +114,13 @@ void KokyakuWindows::Timer2_Timer()
         showDetailWindow();
 }
 
-// A window that is open already stays where the user has moved it.
+// Each time it goes to the kept place. As long as none was kept, an open window stays where the
+// user has moved it.
 void KokyakuWindows::showDetailWindow()
 {
-    if (m_detail->isVisible())
-        return;
-    m_detail->moveToKeptPlace();
+    const bool placeKept = m_settings.detailLeft != 0 || m_settings.detailTop != 0;
+    if (placeKept || !m_detail->isVisible())
+        m_detail->moveToKeptPlace();
     m_detail->show();
 }
 
@@ -162,6 +166,12 @@ void KokyakuWindows::ichi_Click()
         m_settings.detailLeft = left;
         m_settings.detailTop = top;
     }
+}
+
+void KokyakuWindows::activateDetail()
+{
+    if (m_detail->isVisible())
+        m_detail->activateWindow();
 }
 
 void KokyakuWindows::closeAll()

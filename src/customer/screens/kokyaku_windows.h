@@ -40,6 +40,8 @@ public:
     // Reads what the windows show again.
     void refill();
     // Nothing is left over the menu.
+    // Gives the details the keyboard, where they are shown.
+    void activateDetail();
     void closeAll();
 
     const WindowActions& actions() const { return m_actions; }

@@ -2,6 +2,7 @@
 
 #include "core/data/messages.h"
 #include "core/data/opener.h"
+#include "core/data/record_check.h"
 #include "ui/file_chooser.h"
 #include "ui/list_view.h"
 
@@ -115,7 +116,12 @@ void ShortcutDesk::open(int row)
 {
     const auto key = core::RecordKey::fromText(m_model.rowAt(row).key);
     const QString path = shortcutPath(m_desk.file, m_kind, key);
-    if (path.isEmpty() || m_desk.opener.open(path))
+    if (path.isEmpty()) {
+        core::tellRowGone(m_desk.file.messages);
+        refill();
+        return;
+    }
+    if (m_desk.opener.open(path))
         return;
     m_desk.file.messages.refuse(u"ファイルを開けませんでした。\r\n"_s + path
                                 + u"\r\n場所が変わっていないか確認して下さい。"_s);

@@ -45,8 +45,12 @@ void upkokyaku::fill(const CustomerFields& fields)
 CustomerFields upkokyaku::fields() const
 {
     CustomerFields entered;
-    for (std::size_t i = 0; i < m_txtkokyaku.size(); ++i)
-        entered.texts[i] = m_txtkokyaku[i]->text();
+    // A pasted text may have line ends in these fields too.
+    for (std::size_t i = 0; i < m_txtkokyaku.size(); ++i) {
+        const QString typed = m_txtkokyaku[i]->text();
+        const QString& shown = m_opening.fields.texts[i];
+        entered.texts[i] = typed == shown ? shown : text::toStoredLines(typed);
+    }
     // Notes that were not edited keep the line ends that they came with.
     const QString notes = m_ui->txtkokyaku_15->toPlainText();
     const QString& before = m_opening.fields.texts[Notes];

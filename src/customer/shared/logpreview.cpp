@@ -60,11 +60,10 @@ void logpreview::placeWindow(const core::PreviewPlace& place)
 {
     const QRect kept(ui::pixelsFromTwips(place.left), ui::pixelsFromTwips(place.top),
                      ui::pixelsFromTwips(place.width), ui::pixelsFromTwips(place.height));
-    const QRect area = screen()->availableGeometry();
-    QRect seen = ui::fitInto(area, kept);
+    QRect seen = ui::fitInto(ui::areaFor(*this, kept), kept);
     // A place that was never saved is 0, 0, where the window would hide the index.
     if (place.left == 0 && place.top == 0)
-        seen.moveBottomRight(area.bottomRight() - FrameRoom);
+        seen.moveBottomRight(screen()->availableGeometry().bottomRight() - FrameRoom);
     resize(seen.size());
     move(seen.topLeft());
 }
@@ -91,8 +90,8 @@ void logpreview::Rcopy_Click()
 
 void logpreview::temae_Click()
 {
-    stayOnTop(!m_onTop);
-    core::savePreviewOnTop(m_file, m_onTop);
+    if (core::savePreviewOnTop(m_file, !m_onTop))
+        stayOnTop(!m_onTop);
 }
 
 // The window system forgets the window when this changes; it is shown again where it stood.
@@ -126,7 +125,9 @@ bool logpreview::eventFilter(QObject* watched, QEvent* event)
     const auto* const mouse =
         watched == m_ui->rogu->viewport() ? dynamic_cast<QMouseEvent*>(event) : nullptr;
     if (event->type() == QEvent::ContextMenu && watched == m_ui->rogu) {
-        RightMenu(static_cast<QContextMenuEvent*>(event)->globalPos());
+        const auto* const asked = static_cast<QContextMenuEvent*>(event);
+        if (asked->reason() != QContextMenuEvent::Mouse) // the mouse has had its menu already
+            RightMenu(asked->globalPos());
         return true;
     }
     if (!mouse)

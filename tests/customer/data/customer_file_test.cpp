@@ -38,7 +38,8 @@ TEST_F(CustomerFileTest, IsSharedUnlessTakenForOneAlone)
 
 TEST_F(CustomerFileTest, AKillDuringTheUpgradeLeavesOneVersionOrTheOther)
 {
-    for (int round = 0; round < 5; ++round) {
+    const int kills = rounds("CORVANE_KILLS", 5);
+    for (int round = 0; round < kills; ++round) {
         create(Version::V300);
         ChildProcess upgrading([this](const auto& stepDone) {
             storage::Connection probe; // as long as this takes, the next opening takes at least
@@ -52,7 +53,7 @@ TEST_F(CustomerFileTest, AKillDuringTheUpgradeLeavesOneVersionOrTheOther)
         opening.start();
         ASSERT_TRUE(upgrading.waitForSteps(1));
         std::this_thread::sleep_for(
-            std::chrono::milliseconds(opening.elapsed() * (10 + round) / 10));
+            std::chrono::milliseconds(opening.elapsed() * (10 + round % 10) / 10));
         upgrading.killNow();
 
         storage::Connection after;

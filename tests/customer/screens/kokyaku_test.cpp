@@ -102,6 +102,22 @@ TEST_F(KokyakuTest, RecentCustomersKeepTheirOwnOrderUntilAHeaderIsClicked)
     EXPECT_EQ(cells(1, 0).value(0), u"翌日"_s);
 }
 
+TEST_F(KokyakuTest, OpensOnTheLastViewWhereTheSettingsSaySo)
+{
+    const auto reopen = [this](const QString& setting) {
+        execute(u"UPDATE 設定 SET "_s + setting + u" WHERE 設定ID = 1"_s);
+        openScreen();
+        const QString shown = caption("lblKokya");
+        choose({u"か行"_s});
+        closeScreen();
+        return shown;
+    };
+    EXPECT_EQ(reopen(u"前回表示 = 0"_s), u"顧客管理"_s);
+    EXPECT_EQ(reopen(u"前回表示 = 0"_s), u"か行"_s);
+    EXPECT_EQ(reopen(u"前回表示 = 1"_s), u"顧客管理"_s);
+    EXPECT_EQ(reopen(u"前回表示 = 0, 顧客表示方法 = 99"_s), u"顧客管理"_s);
+}
+
 TEST_F(KokyakuTest, StoredSearchesAreReadAgain)
 {
     openScreen();

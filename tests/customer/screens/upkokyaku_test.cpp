@@ -140,6 +140,8 @@ TEST_F(UpkokyakuTest, ADeclinedChangeIsKeptForTheNextOpening)
     EXPECT_EQ(box(1).text(), u"加藤 太郎"_s);
     press("Command1");
     EXPECT_EQ(names(), QStringList({u"加藤 太郎"_s}));
+    EXPECT_EQ(valueOf(u"SELECT 会社名 FROM ユーザー"_s), u"別"_s)
+        << "the other copy's change stays";
     openToChange(fresh(kept.key)); // saved: nothing is offered any more
 }
 

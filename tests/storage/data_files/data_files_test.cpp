@@ -216,7 +216,7 @@ TEST_F(DataFiles, AStepThatRunsOutOfSpaceLeavesNothingBehind)
 
 TEST_F(DataFiles, AKillDuringCompactionLosesNothing)
 {
-    const int kills = std::max(qEnvironmentVariableIntValue("CORVANE_KILLS"), 5);
+    const int kills = rounds("CORVANE_KILLS", 5);
     for (int kill = 0; kill < kills; ++kill) {
         SCOPED_TRACE(kill);
         ChildProcess child([this] {

@@ -16,8 +16,8 @@ void MainScreenTest::openScreen(storage::Mode mode)
     ASSERT_TRUE(customer::OpenCustomerFile(*opened, path(), mode));
     screenFile = opened.get();
     shared.CustomerDataPath = path();
-    screen =
-        std::make_unique<customer::kokyaku>(std::move(opened), shared, opener, files, userSettings);
+    screen = std::make_unique<customer::kokyaku>(std::move(opened), shared, opener, files, drafts,
+                                                 userSettings);
     screen->show();
     QApplication::setActiveWindow(screen.get());
 }
