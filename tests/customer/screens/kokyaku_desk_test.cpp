@@ -246,8 +246,16 @@ TEST_F(KokyakuDeskTest, CasesAreFoundByDayByTextAndFromTheirLog)
     messages.takeBoxes();
     EXPECT_EQ(cells(2, 3), QStringList({u"見積"_s}));
     EXPECT_EQ(caption("lblKen"), u"'見積'を含む件名表示"_s);
+    // A case of one customer, while another is selected above: the new one is for the case's.
+    addNamed(u"木村"_s, u"キムラ"_s);
+    QTest::keyClick(&list(1), Qt::Key_F5);
+    chooseRow(1, 1);
     pick(u"全ての件名表示"_s);
     EXPECT_EQ(cells(2, 3).size(), 2);
+    chooseRow(2, 0);
+    trigger("MenuKenListKenAdd");
+    EXPECT_EQ(form().windowTitle(), u"【 加藤 花子 】件名追加"_s);
+    form().close();
 
     chooseRow(1, 0);
     chooseRow(2, cells(2, 3).indexOf(u"点検"_s) == 0 ? 0 : 1);
