@@ -6,6 +6,7 @@
 
 #include <QCheckBox>
 #include <QPushButton>
+#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 
@@ -42,6 +43,11 @@ void EditForm::initialize(const Controls& controls, bool adding)
     connect(m_controls.Command1, &QPushButton::clicked, this, &EditForm::Command1_Click);
     connect(m_controls.Command2, &QPushButton::clicked, this, &EditForm::Command2_Click);
     connect(m_controls.Command3, &QPushButton::clicked, this, &QDialog::reject);
+    for (const QKeySequence& key :
+         {QKeySequence(QKeySequence::Save), QKeySequence(Qt::CTRL | Qt::Key_Return)})
+        connect(new QShortcut(key, this), &QShortcut::activated, m_controls.Command1,
+                &QPushButton::click);
+    m_controls.Command1->setToolTip(u"Ctrl+S"_s);
     m_empty = state();
 }
 
@@ -162,6 +168,9 @@ void EditForm::done(int result)
     else if (isChanged())
         m_drafts.keep(m_draft, state().changedFrom(m_shown));
     QDialog::done(result);
+    // After a message box the window system may have forgotten which window was used before.
+    if (parentWidget())
+        parentWidget()->window()->activateWindow();
 }
 
 } // namespace ui

@@ -1,5 +1,6 @@
 #include "ui/file_chooser.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 
@@ -27,8 +28,9 @@ QString dialogFilter(const QString& filter)
 
 QString FileDialogs::chooseFile(QWidget* parent, const QString& title, const QString& filter)
 {
-    const QString path =
-        QFileDialog::getOpenFileName(parent, title, m_lastFolder, dialogFilter(filter));
+    const QString path = QFileDialog::getOpenFileName(
+        parent, title, m_lastFolder.isEmpty() ? QDir::homePath() : m_lastFolder,
+        dialogFilter(filter));
     if (!path.isEmpty())
         m_lastFolder = QFileInfo(path).absolutePath();
     return path;

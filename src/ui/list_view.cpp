@@ -184,6 +184,11 @@ void ListView::keyPressEvent(QKeyEvent* event)
     }
     if (plain && event->key() == Qt::Key_Space && toggleCheck())
         return;
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {});
+        contextMenuEvent(&asked);
+        return;
+    }
     QTreeView::keyPressEvent(event);
 }
 

@@ -67,7 +67,7 @@ void OrderedList::addTo(QMenu& menu)
     QAction* const copy =
         menu.addAction(u"コピー(&C)\tCtrl+C"_s, &m_view, &ListView::copySelection);
     copy->setEnabled(m_view.selectionModel()->hasSelection());
-    QMenu* const order = menu.addMenu(u"並べ替え(&S)"_s);
+    QMenu* const order = menu.addMenu(u"並べ替え(&T)"_s);
     order->setEnabled(m_shown);
     for (int column = 0; column < m_definition.headers.size(); ++column)
         order->addAction(m_definition.headers.at(column), this,

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QShortcut>
 #include <QSplitter>
+#include <QTabWidget>
 
 #include <cmath>
 #include <numeric>
@@ -17,11 +18,29 @@ PaneKeys::PaneKeys(QWidget* window, const QList<QWidget*>& panes)
             [this] { step(-1); });
 }
 
+namespace {
+
+// Turns every tab control around a widget to the page that the widget stands on.
+void showPage(const QWidget& target)
+{
+    for (QWidget* page = target.parentWidget(); page; page = page->parentWidget()) {
+        for (QWidget* around = page->parentWidget(); around; around = around->parentWidget()) {
+            if (auto* const tabs = qobject_cast<QTabWidget*>(around);
+                tabs && tabs->indexOf(page) >= 0)
+                tabs->setCurrentWidget(page);
+        }
+    }
+}
+
+} // namespace
+
 void PaneKeys::addNumber(int number, QWidget* target)
 {
     const QKeySequence keys(QKeyCombination(Qt::ControlModifier, Qt::Key(Qt::Key_0 + number)));
-    connect(new QShortcut(keys, m_window), &QShortcut::activated, target,
-            [target] { target->setFocus(Qt::ShortcutFocusReason); });
+    connect(new QShortcut(keys, m_window), &QShortcut::activated, target, [target] {
+        showPage(*target);
+        target->setFocus(Qt::ShortcutFocusReason);
+    });
 }
 
 int PaneKeys::paneWithFocus() const

@@ -65,6 +65,8 @@ QString whyNoFileName(const QString& name)
     // The last is where compaction writes.
     if (name == u"."_s || name == u".."_s || name == u"最適化"_s)
         return u"「"_s + name + u"」はデータ名に使えません。"_s;
+    if (name.front().isSpace() || name.back().isSpace())
+        return u"データ名の前後に空白は使えません。"_s;
     const QByteArray bytes = QFile::encodeName(name);
     if (QFile::decodeName(bytes) != name)
         return u"ファイル名に使えない文字がデータ名に含まれています。"_s;

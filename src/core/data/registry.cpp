@@ -189,7 +189,13 @@ bool DeleteDataFile(Shared& shared, const DataFileEntry& selected)
         return false;
     if (!RunStatement(shared, deleteByNumber + QString::number(selected.number)))
         return tellFailure(shared.messages, DeleteFailedText, *shared.MainConnection);
-    data_files::remove(dataFile(shared.programFolder, selected.kind, selected.name));
+    // A failed renaming can leave two rows with one name: the file is the other one's too.
+    const QList<DataFileEntry> left = ListDataFiles(shared, selected.kind);
+    const bool stillNamed = std::any_of(left.begin(), left.end(), [&](const DataFileEntry& each) {
+        return each.name == selected.name;
+    });
+    if (!stillNamed)
+        data_files::remove(dataFile(shared.programFolder, selected.kind, selected.name));
     return true;
 }
 

@@ -230,13 +230,14 @@ void kokyaku::Toolbar1_ButtonClick(QAction* button)
 
 void kokyaku::addKeys()
 {
-    auto* const keys = new ui::PaneKeys(this,
-                                        {m_ui->index->tree(), &m_ui->customers->view(),
-                                         &m_ui->cases->view(), &m_ui->logs->view(),
-                                         m_ui->schedule->calendar(), &m_ui->schedule->view()});
+    auto* const keys = new ui::PaneKeys(
+        this,
+        {m_ui->index->tree(), &m_ui->customers->view(), &m_ui->cases->view(), &m_ui->logs->view(),
+         &m_ui->files->view(), m_ui->schedule->calendar(), &m_ui->schedule->view()});
     keys->addNumber(1, &m_ui->customers->view());
     keys->addNumber(2, &m_ui->cases->view());
     keys->addNumber(3, &m_ui->logs->view());
+    connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, &QWidget::close);
     // Into the details and back; the key works in the window over this one too.
     connect(new QShortcut(Qt::CTRL | Qt::Key_I, this), &QShortcut::activated, this, [this] {
         if (isActiveWindow())

@@ -8,6 +8,7 @@
 #include <QAbstractItemView>
 #include <QCompleter>
 #include <QFocusEvent>
+#include <QLineEdit>
 
 using namespace Qt::StringLiterals;
 
@@ -23,6 +24,10 @@ upkrog::upkrog(CustomerFile& file, ui::Drafts& drafts, QWidget* parent, bool add
     m_ui->Combo2->completer()->setCaseSensitivity(Qt::CaseSensitive);
     m_ui->Combo2->completer()->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
     m_ui->Combo2->installEventFilter(this);
+    // Whoever types a name does not choose one: the list goes, and Enter moves on at once.
+    connect(
+        m_ui->Combo2->lineEdit(), &QLineEdit::textEdited, this,
+        [this] { m_ui->Combo2->completer()->popup()->hide(); }, Qt::QueuedConnection);
     auto* const enter = new ui::EnterMovesOn(this, m_ui->Command1);
     enter->keepLineBreaksIn(m_ui->Rrogu);
     initialize({m_ui->Command1, m_ui->Command2, m_ui->Command3, m_ui->chkrenzo,

@@ -82,6 +82,8 @@ TEST_F(Registry, NamesThatCannotBeAreRefusedBeforeAnythingIsWritten)
         {u"..\\main"_s, slash},
         {u"a\nb"_s, slash},
         {u".."_s, u"「..」はデータ名に使えません。"_s},
+        {u"最適化"_s, u"「最適化」はデータ名に使えません。"_s},
+        {u"　"_s, u"データ名の前後に空白は使えません。"_s},
         {QString(82, u'長'), u"データ名が長すぎます。全角で８１文字以内にして下さい。"_s},
         {QString(QChar(0xD83D)), u"ファイル名に使えない文字がデータ名に含まれています。"_s},
     };
