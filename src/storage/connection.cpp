@@ -171,8 +171,6 @@ bool Connection::execute(const QString& statement, qint64* affected)
     sql::Compiled compiled;
     if (!compile(statement, &compiled))
         return false;
-    if (compiled.kind != sql::StatementKind::Rows)
-        announceWrite();
     qint64 written = 0;
     if (auto error = d->session->run(compiled.statement, &written)) {
         error->statement = statement;
@@ -190,7 +188,6 @@ bool Connection::begin()
 {
     if (!isOpen())
         return fail(stateError(u"ファイルを開いていません。"_s));
-    announceWrite();
     if (!check(d->session->begin(d->depth)))
         return false;
     ++d->depth;
@@ -215,7 +212,6 @@ bool Connection::rollBack()
 {
     if (transactionDepth() == 0)
         return fail(stateError(u"トランザクションは開始されていません。"_s));
-    announceWrite();
     --d->depth;
     const bool rolledBack = check(d->session->rollBack(d->depth));
     if (!d->catalogChanged)
@@ -233,7 +229,6 @@ bool Connection::completeIndexes(const schema::Definition& definition)
 {
     if (!isOpen() || d->depth > 0)
         return fail(stateError(u"この状態では索引を作成できません。"_s));
-    announceWrite();
     return check(d->session->completeIndexes(definition));
 }
 
@@ -282,12 +277,6 @@ void Connection::addUser(ConnectionUser* user)
 void Connection::removeUser(ConnectionUser* user)
 {
     m_users.removeAll(user);
-}
-
-void Connection::announceWrite()
-{
-    for (ConnectionUser* user : std::as_const(m_users))
-        user->beforeWrite();
 }
 
 } // namespace storage

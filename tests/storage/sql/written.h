@@ -18,6 +18,7 @@ public:
     QString like(const QStringList& parts, const QString& pattern) const override;
     QString join(const QStringList& parts) const override;
     QString nextStamp(const QString& old, const QString& written) const override;
+    QString isAmong(const QString& address, const QString& list) const override;
     QString rowAddress(const schema::Table& table, const QString& alias) const override;
     QString window(qint64 limit, qint64 offset) const override;
     QString columnDefinition(const schema::Column& column, bool isKey) const override;
