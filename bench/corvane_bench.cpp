@@ -3,8 +3,10 @@
 #include "customer_lists.h"
 #include "figures.h"
 #include "list_pages.h"
+#include "pages_written.h"
 #include "reading.h"
 #include "searches.h"
+#include "whole_file.h"
 
 #include "core/data/database_password.h"
 #include "programs/support/demo/sample_file.h"
@@ -207,9 +209,11 @@ int main(int argc, char** argv)
     measureStorage(figures, files, password, count);
     bench::measureCustomerLists(figures, files.encrypted, password, Today);
     figures.measure(u"add of a customer"_s, 1.5,
-                    [&] { return bench::compareAdding(files.encrypted, password); });
+                    [&] { return bench::compareAdding(files.encrypted, password, Today); });
+    bench::measurePagesWritten(figures, files.encrypted, password, Today);
     measureEncryption(figures, files, password);
     measureOpening(figures, files, password);
+    bench::measureWholeFile(figures, files.encrypted, password);
     bench::measureSearches(figures, files.encrypted, password);
     bench::measureListPages(figures, files.encrypted, password, Today);
     if (figures.count() == 0)
