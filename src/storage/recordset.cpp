@@ -50,9 +50,10 @@ bool Recordset::open(const QString& source, Connection& connection, CursorType /
         return true;
     const RowReader::Move move = d->reader->moveTo(0);
     d->settle(move);
-    if (move == RowReader::Move::Failed)
+    const bool failed = move == RowReader::Move::Failed && !d->reader->isUnreadable();
+    if (failed)
         close();
-    return move != RowReader::Move::Failed;
+    return !failed;
 }
 
 void Recordset::close()
@@ -69,6 +70,11 @@ bool Recordset::eof() const
 {
     d->readIfUnread();
     return d->stand == Stand::End;
+}
+
+bool Recordset::isUnreadable() const
+{
+    return isOpen() && d->stand == Stand::End && d->reader->isUnreadable();
 }
 
 bool Recordset::moveNext()

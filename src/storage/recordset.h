@@ -43,6 +43,9 @@ public:
 
     // True at the end, after a failed move, and while closed.
     bool eof() const;
+    // The last move came to a row that lies where the file is damaged. It has a position like the
+    // others, and those behind it may be readable; its failure is recorded once for all of them.
+    bool isUnreadable() const;
     // Steps to the next row; false at the end (eof() is then true) and on failure. A row that was
     // changed but not updated goes back to what it was; from a new row the next one is the end.
     bool moveNext();

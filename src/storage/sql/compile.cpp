@@ -54,9 +54,8 @@ std::variant<Compiled, Error> compile(const QString& statement, const schema::Ca
     auto bound = Binder(statement, catalog).bind(std::get<ast::Statement>(parsed));
     if (auto* error = std::get_if<Error>(&bound))
         return std::move(*error);
-    return std::visit(
-        [&](auto& each) { return compiled(std::move(each), catalog, dialect); },
-        std::get<bound::Statement>(bound));
+    return std::visit([&](auto& each) { return compiled(std::move(each), catalog, dialect); },
+                      std::get<bound::Statement>(bound));
 }
 
 Emitted window(const Compiled& rows, qint64 limit, qint64 offset, const Dialect& dialect)

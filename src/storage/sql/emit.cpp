@@ -21,6 +21,34 @@ bool isWrapped(const bound::Select& select)
         && (select.parts.size() > 1 || select.parts.front().distinct);
 }
 
+// Whether the condition asks for one value of the column that the term orders by: it then orders
+// nothing, and stands in the way of an index that orders the rest. (What folds alike sorts alike.)
+bool isFixed(const bound::OrderTerm& term, const bound::Select& select)
+{
+    const bound::SelectPart& part = select.parts.front();
+    if (select.parts.size() > 1 || !part.where)
+        return false;
+    const bound::Expression& ordered =
+        term.output ? *part.outputs[*term.output].expression : *term.expression;
+    const auto* column = std::get_if<bound::Column>(&ordered.node);
+    const auto fixes = [column](const bound::Expression& condition) {
+        const auto* comparison = std::get_if<bound::Comparison>(&condition.node);
+        if (!comparison || comparison->kind != ast::ComparisonKind::Equal)
+            return false;
+        const auto* asked = std::get_if<bound::Column>(&comparison->left->node);
+        return asked && *asked == *column
+            && std::holds_alternative<bound::Literal>(comparison->right->node);
+    };
+    if (!column)
+        return false;
+    const auto* logic = std::get_if<bound::Logic>(&part.where->node);
+    if (logic && logic->kind == ast::LogicKind::And)
+        return std::ranges::any_of(logic->operands, [&fixes](const bound::ExpressionPtr& operand) {
+            return fixes(*operand);
+        });
+    return fixes(*part.where);
+}
+
 bool isText(schema::ColumnType type)
 {
     return type == schema::ColumnType::Text;
@@ -151,6 +179,8 @@ QString Emitter::order(const bound::Select& select, bool numbered, bool bySortin
         return QString();
     QStringList terms;
     for (const bound::OrderTerm& term : select.order) {
+        if (isFixed(term, select))
+            continue;
         QString text;
         if (term.output && numbered) {
             const QString name = m_dialect.name(numberedColumn(*term.output));

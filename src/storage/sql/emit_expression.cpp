@@ -214,6 +214,8 @@ QString Emitter::node(const bound::BeginsWith& node)
     for (const CodePointRange& each : node.characters)
         ranges.append(range(tested, each));
     QString text = ranges.size() == 1 ? ranges.front() : u'(' + ranges.join(u" OR "_s) + u')';
+    if (m_unindexed)
+        return u'(' + text + u')';
     const char32_t first = node.characters.front().first;
     const char32_t last = node.characters.back().last;
     if (ranges.size() > 1)

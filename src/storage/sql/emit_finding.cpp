@@ -163,8 +163,6 @@ void Emitter::emitWholeTable(const bound::Select& select, Finding* result)
     text += u" WHERE "_s + address + u" > "_s + parameter(Value(0));
     text += u" AND "_s + address + u" <= "_s + parameter(Value(0)) + u" ORDER BY "_s + address;
     result->stretch = finished(text);
-    m_sources = &part.sources;
-    result->lastAddress = finished(u"SELECT max("_s + address + u')' + fromWhere(part));
 }
 
 // The rows in order and without: each text has its parameters for itself.
@@ -176,6 +174,12 @@ void Emitter::emitWays(const bound::Select& select, Finding* result)
     result->onTheWay = finished(found + u" FROM "_s + from(*part.from) + unindexedWhere(part)
                                 + order(select, false));
     result->asTheyLie = finished(found + fromWhere(part));
+    QStringList columns = outputs(part, false);
+    if (part.sources.size() == 1)
+        columns += m_dialect.rowAddress(*part.sources.front().table, QString());
+    result->rowsOnTheWay =
+        finished(u"SELECT "_s + columns.join(u", "_s) + u" FROM "_s + from(*part.from)
+                 + unindexedWhere(part) + order(select, false));
     emitFilter(part, result);
 }
 
@@ -191,6 +195,8 @@ void Emitter::emitListed(const bound::Select& select, Finding* result)
     // Bound last, when all other values have their numbers.
     const QString list = parameter(Value());
     result->listed = finished(rows + m_dialect.isAmong(address, list) + sorting);
+    result->lastAddress =
+        finished(u"SELECT max("_s + address + u") FROM "_s + term(result->listedSource));
 }
 
 Finding Emitter::finding(const bound::Select& select, const bound::Select* ownedBy)
@@ -211,9 +217,7 @@ Finding Emitter::finding(const bound::Select& select, const bound::Select* owned
     result.unfiltered = finished(all + u" FROM "_s + from(*part.from) + order(select, false));
     emitReading(part, &result);
     emitWholeTable(select, &result);
-    const bool byIndex = part.sources.size() == 1 && !part.where
-        && std::ranges::none_of(select.order, &bound::OrderTerm::descending);
-    result.firstInOneStep = !ownedBy && (byIndex || (part.where && isOfOneRecord(*part.where)));
+    result.ofOneRecord = !ownedBy && part.where && isOfOneRecord(*part.where);
     return result;
 }
 
