@@ -188,6 +188,11 @@ bool Connection::compile(const QString& statement, const QList<Value>& values,
     return fill(statement, values, compiled);
 }
 
+bool Connection::compile(const QString& statement, sql::Compiled* compiled)
+{
+    return compile(statement, {}, compiled);
+}
+
 bool Connection::fill(const QString& statement, const QList<Value>& values, sql::Compiled* compiled)
 {
     std::optional<Error> error = sql::fill(compiled, values);

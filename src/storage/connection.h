@@ -95,6 +95,7 @@ public:
     // Compiles a statement for the open file, with the values for its "?"; records why it is
     // refused.
     bool compile(const QString& statement, const QList<Value>& values, sql::Compiled* compiled);
+    bool compile(const QString& statement, sql::Compiled* compiled);
     // Who reads from the connection.
     void addUser(ConnectionUser* user);
     void removeUser(ConnectionUser* user);
