@@ -1,9 +1,9 @@
 #include "adding.h"
 
 #include "bare_file.h"
+#include "opened_sample.h"
 
 #include "core/data/clock.h"
-#include "core/data/messages.h"
 #include "customer/data/customer_file.h"
 #include "customer/data/customers.h"
 
@@ -18,19 +18,6 @@ namespace {
 constexpr int AddsInARun = 50;
 const QString Moment = u"'2026/04/01 10:30:00.000'"_s;
 const QString NewRow = u" WHERE \"ﾕｰｻﾞｰ更新ID\" = last_insert_rowid()"_s;
-
-// Nobody is there to be told.
-class NoMessages : public core::Messages {
-public:
-    core::Answer show(core::MessageStyle, const QString& text, const QString&) override
-    {
-        giveUp(text);
-    }
-    std::optional<QString> askText(const QString& prompt, const QString&, bool) override
-    {
-        giveUp(prompt);
-    }
-};
 
 customer::CustomerFields newCustomer()
 {

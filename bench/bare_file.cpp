@@ -2,11 +2,13 @@
 
 #include "storage/engine/sqlite/functions.h"
 
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QTextStream>
 
 #include <sqlite3.h>
 
+#include <chrono>
 #include <cstdlib>
 
 namespace bench {
@@ -19,6 +21,25 @@ namespace {
 constexpr char Settings[] = "PRAGMA journal_mode = DELETE; PRAGMA synchronous = FULL; "
                             "PRAGMA temp_store = MEMORY; PRAGMA cache_size = -32768; "
                             "PRAGMA cell_size_check = ON;";
+constexpr int StepsBetweenLooks = 2000;
+
+QString textOf(sqlite3_stmt* row, int column)
+{
+    const void* bytes = sqlite3_column_text(row, column);
+    return QString::fromUtf8(static_cast<const char*>(bytes), sqlite3_column_bytes(row, column));
+}
+
+void copyRow(sqlite3_stmt* row)
+{
+    const int columns = sqlite3_column_count(row);
+    for (int column = 0; column < columns; ++column)
+        const QString value = textOf(row, column);
+}
+
+int hasExpired(void* deadline)
+{
+    return static_cast<QDeadlineTimer*>(deadline)->hasExpired() ? 1 : 0;
+}
 
 } // namespace
 
@@ -48,26 +69,74 @@ BareFile::BareFile(const QString& path, const QString& password)
         giveUp(path + u": "_s + QString::fromUtf8(sqlite3_errmsg(raw)));
 }
 
-qint64 BareFile::readAll(const QString& statement) const
+BareFile::Prepared BareFile::prepare(const QString& statement) const
 {
     sqlite3_stmt* prepared = nullptr;
     const QByteArray text = statement.toUtf8();
     sqlite3_prepare_v2(m_handle.get(), text.constData(), int(text.size()), &prepared, nullptr);
-    const int columns = sqlite3_column_count(prepared);
+    return {prepared, sqlite3_finalize};
+}
+
+qint64 BareFile::readAll(const QString& statement) const
+{
+    const Prepared prepared = prepare(statement);
     qint64 rows = 0;
     int step = SQLITE_ERROR;
-    while (prepared && (step = sqlite3_step(prepared)) == SQLITE_ROW) {
+    while (prepared && (step = sqlite3_step(prepared.get())) == SQLITE_ROW) {
         ++rows;
-        for (int column = 0; column < columns; ++column) {
-            const void* bytes = sqlite3_column_text(prepared, column);
-            const QString value = QString::fromUtf8(static_cast<const char*>(bytes),
-                                                    sqlite3_column_bytes(prepared, column));
-        }
+        copyRow(prepared.get());
     }
-    sqlite3_finalize(prepared);
     if (step != SQLITE_DONE)
         giveUp(statement + u": "_s + QString::fromUtf8(sqlite3_errmsg(m_handle.get())));
     return rows;
+}
+
+std::optional<QList<qint64>> BareFile::read(const HandWritten& rows, double atMost) const
+{
+    const Prepared outer = prepare(rows.statement);
+    const Prepared inner =
+        rows.ofRow.isEmpty() ? Prepared{nullptr, sqlite3_finalize} : prepare(rows.ofRow);
+    if (!outer || (!inner && !rows.ofRow.isEmpty()))
+        return std::nullopt;
+    QDeadlineTimer deadline(std::chrono::microseconds(static_cast<qint64>(atMost * 1000)));
+    sqlite3_progress_handler(m_handle.get(), StepsBetweenLooks, hasExpired, &deadline);
+    QList<qint64> found;
+    int step = SQLITE_ROW;
+    while ((step = sqlite3_step(outer.get())) == SQLITE_ROW) {
+        sqlite3_stmt* row = outer.get();
+        if (inner) {
+            row = inner.get();
+            sqlite3_reset(row);
+            for (int i = 0; i < sqlite3_column_count(outer.get()); ++i)
+                sqlite3_bind_int64(row, i + 1, sqlite3_column_int64(outer.get(), i));
+            if (sqlite3_step(row) != SQLITE_ROW)
+                break;
+        }
+        found.append(sqlite3_column_int64(row, 0));
+        copyRow(row);
+    }
+    sqlite3_progress_handler(m_handle.get(), 0, nullptr, nullptr);
+    if (step != SQLITE_DONE)
+        return std::nullopt;
+    return found;
+}
+
+QString BareFile::plan(const QString& statement) const
+{
+    const Prepared prepared = prepare(u"EXPLAIN QUERY PLAN "_s + statement);
+    QStringList steps;
+    while (prepared && sqlite3_step(prepared.get()) == SQLITE_ROW)
+        steps += textOf(prepared.get(), 3);
+    return steps.join(u'\n');
+}
+
+QStringList BareFile::texts(const QString& statement) const
+{
+    const Prepared prepared = prepare(statement);
+    QStringList found;
+    while (prepared && sqlite3_step(prepared.get()) == SQLITE_ROW)
+        found += textOf(prepared.get(), 0);
+    return found;
 }
 
 void writePlainCopy(const QString& path, const QString& password, const QString& copy)

@@ -2,6 +2,7 @@
 #include "bare_file.h"
 #include "customer_lists.h"
 #include "figures.h"
+#include "list_pages.h"
 
 #include "core/data/database_password.h"
 #include "programs/support/demo/sample_file.h"
@@ -19,7 +20,7 @@
 
 using namespace Qt::StringLiterals;
 using bench::BareFile;
-using bench::report;
+using bench::Figures;
 using bench::Times;
 
 namespace {
@@ -133,44 +134,42 @@ Files prepareFiles(const QString& folder, int customers, const QString& password
     return files;
 }
 
-bool measureStorage(const Files& files, const QString& password, qint64 customers)
+void measureStorage(Figures& figures, const Files& files, const QString& password, qint64 customers)
 {
     storage::Connection file;
     require(file.open(files.encrypted, password), file);
     const BareFile bare(files.encrypted, password);
 
-    bool within =
-        report("first page in kana order",
-               bench::compare([&] { readPage(file, All + KanaOrder, false); },
-                              [&] { bare.readAll(BareAll + BareKanaOrder + BarePage); }, 50),
-               1.5);
-    within &= report("all columns of all rows",
-                     bench::compare([&] { readEverything(file, All, customers); },
-                                    [&] { bare.readAll(BareAll); }),
-                     1.3);
-    const std::pair<const char*, QString> searches[] = {
-        {"search of the whole record", NoHit},
-        {"search of the whole record for kana", NoHitKana},
-        {"search of the whole record for letters", NoHitLetters}};
+    figures.measure(u"first page in kana order"_s, 1.5, [&] {
+        return bench::compare([&] { readPage(file, All + KanaOrder, false); },
+                              [&] { bare.readAll(BareAll + BareKanaOrder + BarePage); }, 50);
+    });
+    figures.measure(u"all columns of all rows"_s, 1.3, [&] {
+        return bench::compare([&] { readEverything(file, All, customers); },
+                              [&] { bare.readAll(BareAll); });
+    });
+    const std::pair<QString, QString> searches[] = {
+        {u"search of the whole record"_s, NoHit},
+        {u"search of the whole record for kana"_s, NoHitKana},
+        {u"search of the whole record for letters"_s, NoHitLetters}};
     for (const auto& [name, pattern] : searches) {
         const QString statement = search(pattern);
-        within &= report(name,
-                         bench::compare([&] { readEverything(file, statement, 0); },
-                                        [&] { bare.readAll(bareReadOfSearched()); }),
-                         0.8);
+        figures.measure(name, 0.8, [&] {
+            return bench::compare([&] { readEverything(file, statement, 0); },
+                                  [&] { bare.readAll(bareReadOfSearched()); });
+        });
     }
-    within &= report("か行 page with its count",
-                     bench::compare([&] { readPage(file, KaRow, true); },
-                                    [&] {
-                                        bare.readAll(u"SELECT count(*)"_s + BareKaRow);
-                                        bare.readAll(u"SELECT *"_s + BareKaRow + BareKanaOrder
-                                                     + BarePage);
-                                    }),
-                     0.1);
-    return within;
+    figures.measure(u"か行 page with its count"_s, 0.1, [&] {
+        return bench::compare([&] { readPage(file, KaRow, true); },
+                              [&] {
+                                  bare.readAll(u"SELECT count(*)"_s + BareKaRow);
+                                  bare.readAll(u"SELECT *"_s + BareKaRow + BareKanaOrder
+                                               + BarePage);
+                              });
+    });
 }
 
-bool measureEncryption(const Files& files, const QString& password)
+void measureEncryption(Figures& figures, const Files& files, const QString& password)
 {
     const BareFile encrypted(files.encrypted, password);
     const BareFile plain(files.plain, {});
@@ -178,20 +177,23 @@ bool measureEncryption(const Files& files, const QString& password)
         return bench::compare([&] { encrypted.readAll(statement); },
                               [&] { plain.readAll(statement); });
     };
-    const bool scan = report("scan of an encrypted file", both(BareAll), 1.2);
-    return report("search of an encrypted file", both(bareSearch()), 1.2) && scan;
+    figures.measure(u"scan of an encrypted file"_s, 1.2, [&] { return both(BareAll); });
+    figures.measure(u"search of an encrypted file"_s, 1.2, [&] { return both(bareSearch()); });
 }
 
 // The key is derived at every opening.
-void measureOpening(const Files& files, const QString& password)
+void measureOpening(Figures& figures, const Files& files, const QString& password)
 {
+    const QString name = u"opening in milliseconds (for information)"_s;
+    if (!figures.wants(name))
+        return;
     const Times times = bench::compare(
         [&] {
             storage::Connection file;
             require(file.open(files.encrypted, password), file);
         },
         [&] { BareFile(files.plain, {}).readAll(u"SELECT count(*) FROM sqlite_schema"_s); });
-    std::printf("opening in milliseconds (for information)\t%.3f\t-\n", times.ours);
+    figures.inform(name, times.ours);
 }
 
 } // namespace
@@ -204,11 +206,13 @@ int main(int argc, char** argv)
                                     u"folder"_s, QDir::temp().filePath(u"corvane_bench"_s));
     const QCommandLineOption customers(u"customers"_s, u"Customers in the file (1000 or more)."_s,
                                        u"count"_s, u"100000"_s);
+    const QCommandLineOption only(u"only"_s, u"Only the figures whose names contain the text."_s,
+                                  u"text"_s);
     QCommandLineParser arguments;
     arguments.setApplicationDescription(
         u"Prints one line per figure: name, ratio, limit. Exit status 1 when one is over."_s);
     arguments.addHelpOption();
-    arguments.addOptions({folder, customers});
+    arguments.addOptions({folder, customers, only});
     arguments.process(application);
     const int count = arguments.value(customers).toInt();
     if (count < 1000 || count > 10'000'000)
@@ -216,11 +220,15 @@ int main(int argc, char** argv)
 
     const QString password = QString::fromUtf16(core::DatabasePassword);
     const Files files = prepareFiles(arguments.value(folder), count, password);
-    const bool storage = measureStorage(files, password, count);
-    const bool lists = bench::measureCustomerLists(files.encrypted, password, Today);
-    const bool adding =
-        bench::report("add of a customer", bench::compareAdding(files.encrypted, password), 1.5);
-    const bool encryption = measureEncryption(files, password);
-    measureOpening(files, password);
-    return storage && lists && adding && encryption ? 0 : 1;
+    Figures figures(arguments.value(only));
+    measureStorage(figures, files, password, count);
+    bench::measureCustomerLists(figures, files.encrypted, password, Today);
+    figures.measure(u"add of a customer"_s, 1.5,
+                    [&] { return bench::compareAdding(files.encrypted, password); });
+    measureEncryption(figures, files, password);
+    measureOpening(figures, files, password);
+    bench::measureListPages(figures, files.encrypted, password, Today);
+    if (figures.count() == 0)
+        bench::giveUp(u"No figure has such a name."_s);
+    return figures.within() ? 0 : 1;
 }

@@ -1,10 +1,8 @@
 #include "customer_lists.h"
 
 #include "bare_file.h"
-#include "figures.h"
+#include "opened_sample.h"
 
-#include "core/data/clock.h"
-#include "core/data/messages.h"
 #include "customer/data/case_index.h"
 #include "customer/data/case_list.h"
 #include "customer/data/customer_index.h"
@@ -54,30 +52,6 @@ const QString Logs = uR"(SELECT * FROM "ログ" WHERE "件名ID" = # AND "ログ
 const QString LogOrder = uR"( ORDER BY corvane_key("登録日"), "ログID")"_s;
 const QString FirstPage = u" LIMIT 100"_s;
 
-class SampleClock : public core::Clock {
-public:
-    explicit SampleClock(QDate today) : m_now(text::civil(today, QTime(12, 0))) {}
-    QDateTime now() const override { return m_now; }
-
-private:
-    QDateTime m_now;
-};
-
-// Nobody is there to answer: whatever a list has to say ends the run.
-class NoMessages : public core::Messages {
-public:
-    core::Answer show(core::MessageStyle /*style*/, const QString& text,
-                      const QString& /*title*/) override
-    {
-        giveUp(text);
-    }
-    std::optional<QString> askText(const QString& prompt, const QString& /*title*/,
-                                   bool /*secret*/) override
-    {
-        giveUp(prompt);
-    }
-};
-
 // Texts that stand for the question marks of a statement.
 QString filled(QString statement, const QString& text)
 {
@@ -117,26 +91,23 @@ QString ofRecord(QString statement, int turn)
 
 class CustomerLists {
 public:
-    CustomerLists(const QString& path, const QString& password, QDate today)
-        : m_clock(today), m_file(m_messages, m_clock), m_bare(path, password), m_today(today)
+    CustomerLists(Figures& figures, const QString& path, const QString& password, QDate today)
+        : m_figures(figures), m_sample(path, today), m_bare(path, password), m_today(today)
     {
-        if (!customer::OpenCustomerFile(m_file, path, storage::Mode::ReadWrite))
-            giveUp(path);
     }
 
-    bool measure()
+    void measure()
     {
         measureCustomers();
         measureCases();
         measureCaseSearches();
         compare(
-            "page of a case's log entries",
+            u"page of a case's log entries"_s,
             [this] {
                 return customer::openLogList(m_file, customer::logsOfCase(m_record, {}), {},
                                              m_settings);
             },
             Logs + LogOrder);
-        return m_within;
     }
 
 private:
@@ -145,22 +116,21 @@ private:
 
     // Reads the page as the main screen does: it is opened, measured and read.
     void readPage(const Opened& list, qint64 expected);
-    void compare(const char* name, const std::function<Opened()>& open, const QString& bare);
-    void customers(const char* name, const customer::ListFilter& filter, const QString& bare);
-    void cases(const char* name, const customer::ListFilter& filter, const QString& bare,
+    void compare(const QString& name, const std::function<Opened()>& open, const QString& bare);
+    void customers(const QString& name, const customer::ListFilter& filter, const QString& bare);
+    void cases(const QString& name, const customer::ListFilter& filter, const QString& bare,
                const Order& clicked = {});
     void measureCustomers();
     void measureCases();
     void measureCaseSearches();
 
-    NoMessages m_messages;
-    SampleClock m_clock;
-    customer::CustomerFile m_file;
+    Figures& m_figures;
+    OpenedSample m_sample;
+    customer::CustomerFile& m_file = m_sample.file();
     BareFile m_bare;
     QDate m_today;
     core::RecordKey m_record; // another one at every turn, as a user chooses them
     customer::Settings m_settings;
-    bool m_within = true;
 };
 
 void CustomerLists::readPage(const Opened& list, qint64 expected)
@@ -171,27 +141,30 @@ void CustomerLists::readPage(const Opened& list, qint64 expected)
                + QString::number(expected));
 }
 
-void CustomerLists::compare(const char* name, const std::function<Opened()>& open,
+void CustomerLists::compare(const QString& name, const std::function<Opened()>& open,
                             const QString& bare)
 {
+    if (!m_figures.wants(name))
+        return;
     const QString page = bare + FirstPage;
     QElapsedTimer timer;
     timer.start();
     const qint64 expected = m_bare.readAll(ofRecord(page, 0));
-    const double once = static_cast<double>(timer.nsecsElapsed()) / 1e6;
+    const double once = milliseconds(timer);
     int ours = 0;
     int other = 0;
-    const Times times = bench::compare(
-        [&] {
-            m_record = record(++ours);
-            readPage(open(), expected);
-        },
-        [&] { m_bare.readAll(ofRecord(page, ++other)); },
-        std::max(1, static_cast<int>(Stretch / once)));
-    m_within &= report(name, times, Limit);
+    m_figures.measure(name, Limit, [&] {
+        return bench::compare(
+            [&] {
+                m_record = record(++ours);
+                readPage(open(), expected);
+            },
+            [&] { m_bare.readAll(ofRecord(page, ++other)); },
+            std::max(1, static_cast<int>(Stretch / once)));
+    });
 }
 
-void CustomerLists::customers(const char* name, const customer::ListFilter& filter,
+void CustomerLists::customers(const QString& name, const customer::ListFilter& filter,
                               const QString& bare)
 {
     compare(
@@ -199,8 +172,8 @@ void CustomerLists::customers(const char* name, const customer::ListFilter& filt
         Customers + bare);
 }
 
-void CustomerLists::cases(const char* name, const customer::ListFilter& filter, const QString& bare,
-                          const Order& clicked)
+void CustomerLists::cases(const QString& name, const customer::ListFilter& filter,
+                          const QString& bare, const Order& clicked)
 {
     compare(
         name, [&] { return customer::openCaseList(m_file, filter, clicked, m_settings); }, bare);
@@ -214,55 +187,56 @@ void CustomerLists::measureCustomers()
             std::ranges::find(index.children, caption, &customer::IndexNode::caption);
         return *customer::filterOf(*found, m_settings, m_today);
     };
-    customers("page of か行", node(u"か行"_s), KaRow + CustomerOrder);
-    customers("page of 他行", node(u"他行"_s), otherRow() + CustomerOrder);
+    customers(u"page of か行"_s, node(u"か行"_s), KaRow + CustomerOrder);
+    customers(u"page of 他行"_s, node(u"他行"_s), otherRow() + CustomerOrder);
     customers(
-        "page of the customers of 最近更新", node(u"最近更新"_s),
+        u"page of the customers of 最近更新"_s, node(u"最近更新"_s),
         between(uR"("最近更新日時")"_s, m_today.addDays(-m_settings.recentCustomerDays), m_today)
             + uR"( ORDER BY "最近更新日時" DESC)"_s);
-    customers("page of the customers with a text", customer::customersWithText(Word),
+    customers(u"page of the customers with a text"_s, customer::customersWithText(Word),
               filled(CustomerText, u'%' + Word + u'%') + CustomerOrder);
 }
 
 void CustomerLists::measureCases()
 {
     compare(
-        "page of a customer's cases",
+        u"page of a customer's cases"_s,
         [this] {
             return customer::openCaseList(m_file, customer::casesOfCustomer(m_record, {}), {},
                                           m_settings);
         },
         CasesFirst + uR"( WHERE k."ユーザーID" = # AND k."件名識別ID" = 0)"_s + CaseOrder);
-    cases("page of 全ての件名表示", customer::allCases(), CasesFirst + CaseOrder);
-    cases("page of 続行の件名表示", customer::openCases(),
+    cases(u"page of 全ての件名表示"_s, customer::allCases(), CasesFirst + CaseOrder);
+    cases(u"page of 続行の件名表示"_s, customer::openCases(),
           CasesFirst + filled(CaseState, u"続行"_s) + CaseOrder);
-    cases("page of 完了の件名表示", customer::finishedCases(),
+    cases(u"page of 完了の件名表示"_s, customer::finishedCases(),
           CasesFirst + filled(CaseState, u"完了"_s) + CaseOrder);
-    cases("page of the cases of 最近一週間", customer::recentCases(m_settings, m_today),
+    cases(u"page of the cases of 最近一週間"_s, customer::recentCases(m_settings, m_today),
           CasesFirst
               + between(uR"(k."最近更新日時")"_s, m_today.addDays(-m_settings.recentCaseDays),
                         m_today)
               + uR"( ORDER BY k."最近更新日時" DESC)"_s);
-    cases("page of the cases of a day", customer::casesOfDay(m_today),
+    cases(u"page of the cases of a day"_s, customer::casesOfDay(m_today),
           CasesFirst + filled(CaseDay, text::fold(text::formatDate(m_today))) + FewCasesOrder);
-    cases("page of the cases by 表示名", customer::allCases(),
+    cases(u"page of the cases by 表示名"_s, customer::allCases(),
           CustomersFirst + uR"( ORDER BY corvane_key(u."表示名"), k."件名ID")"_s,
           customer::SortOrder{2, false});
 }
 
 void CustomerLists::measureCaseSearches()
 {
-    cases("page of the cases with a text", customer::casesWithText(Word),
+    cases(u"page of the cases with a text"_s, customer::casesWithText(Word),
           CasesFirst + filled(CaseText, u'%' + Word + u'%') + CaseOrder);
-    cases("cases with a text that none has", customer::casesWithText(NoHit),
+    cases(u"cases with a text that none has"_s, customer::casesWithText(NoHit),
           CasesFirst + filled(CaseText, u'%' + NoHit + u'%') + FewCasesOrder);
 }
 
 } // namespace
 
-bool measureCustomerLists(const QString& path, const QString& password, QDate today)
+void measureCustomerLists(Figures& figures, const QString& path, const QString& password,
+                          QDate today)
 {
-    return CustomerLists(path, password, today).measure();
+    CustomerLists(figures, path, password, today).measure();
 }
 
 } // namespace bench

@@ -2,13 +2,14 @@
 
 #include <QElapsedTimer>
 
-#include <algorithm>
-#include <array>
 #include <functional>
+#include <vector>
 
 namespace bench {
 
 using Work = std::function<void()>;
+// Work that makes itself ready first; gives the milliseconds of what it has timed since.
+using Sample = std::function<double()>;
 
 struct Times {
     double ours = 0;  // milliseconds, median
@@ -16,29 +17,17 @@ struct Times {
     double ratio() const { return ours / other; }
 };
 
+inline double milliseconds(const QElapsedTimer& timer)
+{
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
 // Times two pieces of work in turn, five times each after one run to warm up, so that whatever else
 // the machine does falls on both. Short work is repeated within a run.
-inline Times compare(const Work& ours, const Work& other, int repeats = 1)
-{
-    constexpr std::size_t Runs = 5;
-    std::array<double, Runs> oursTimes{};
-    std::array<double, Runs> otherTimes{};
-    const auto timed = [repeats](const Work& work) {
-        QElapsedTimer timer;
-        timer.start();
-        for (int i = 0; i < repeats; ++i)
-            work();
-        return static_cast<double>(timer.nsecsElapsed()) / 1e6 / repeats;
-    };
-    timed(ours);
-    timed(other);
-    for (std::size_t run = 0; run < Runs; ++run) {
-        oursTimes[run] = timed(ours);
-        otherTimes[run] = timed(other);
-    }
-    std::ranges::sort(oursTimes);
-    std::ranges::sort(otherTimes);
-    return {oursTimes[Runs / 2], otherTimes[Runs / 2]};
-}
+Times compare(const Work& ours, const Work& other, int repeats = 1);
+
+// The median of each after they were taken in turn, the oftener the quicker they are: what is slow
+// with its preparations is taken three times, what is very slow once.
+std::vector<double> medians(const std::vector<Sample>& samples);
 
 } // namespace bench

@@ -211,8 +211,6 @@ bool Connection::execute(const QString& statement, const QList<Value>& values, q
     sql::Compiled compiled;
     if (!compile(statement, values, &compiled))
         return false;
-    if (compiled.kind != sql::StatementKind::Rows)
-        announceWrite();
     qint64 written = 0;
     if (auto error = d->session->run(compiled.statement, &written)) {
         error->statement = statement;
@@ -230,7 +228,6 @@ bool Connection::begin()
 {
     if (!isOpen())
         return fail(stateError(u"ファイルを開いていません。"_s));
-    announceWrite();
     if (!check(d->session->begin(d->depth)))
         return false;
     ++d->depth;
@@ -255,7 +252,6 @@ bool Connection::rollBack()
 {
     if (transactionDepth() == 0)
         return fail(stateError(u"トランザクションは開始されていません。"_s));
-    announceWrite();
     --d->depth;
     const bool rolledBack = check(d->session->rollBack(d->depth));
     if (!d->catalogChanged)
@@ -273,7 +269,6 @@ bool Connection::completeIndexes(const schema::Definition& definition)
 {
     if (!isOpen() || d->depth > 0)
         return fail(stateError(u"この状態では索引を作成できません。"_s));
-    announceWrite();
     return check(d->session->completeIndexes(definition));
 }
 
@@ -322,12 +317,6 @@ void Connection::addUser(ConnectionUser* user)
 void Connection::removeUser(ConnectionUser* user)
 {
     m_users.removeAll(user);
-}
-
-void Connection::announceWrite()
-{
-    for (ConnectionUser* user : std::as_const(m_users))
-        user->beforeWrite();
 }
 
 } // namespace storage

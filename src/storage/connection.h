@@ -29,8 +29,6 @@ enum class Mode { ReadWrite = 3, ShareExclusive = 12 };
 class ConnectionUser {
 public:
     virtual ~ConnectionUser() = default;
-    // Rows are about to change: whatever is still to be read has to be read now.
-    virtual void beforeWrite() = 0;
     // The connection closes: nothing of it may be held any longer.
     virtual void connectionClosing() = 0;
 };
@@ -99,8 +97,6 @@ public:
     // Who reads from the connection.
     void addUser(ConnectionUser* user);
     void removeUser(ConnectionUser* user);
-    // Tells the users that rows are about to change.
-    void announceWrite();
 
 private:
     struct Private;

@@ -144,6 +144,9 @@ qint64 Recordset::recordCount()
 {
     if (!isOpen())
         return -1;
+    const qint64 known = d->hasAppended ? -1 : d->reader->count();
+    if (known >= 0)
+        return known;
     Error error;
     const auto cursor = d->connection->session()->prepare(d->compiled.count, &error);
     if (cursor && cursor->step() == engine::Cursor::Step::Row)
@@ -191,6 +194,28 @@ void Recordset::setCacheSize(int rows)
         d->reader->setWindow(d->window());
 }
 
+qint64 Recordset::positionOf(QStringView keyColumn, const Value& key)
+{
+    if (!isOpen())
+        return -1;
+    const sql::Finding* const finding = d->reader->finding();
+    const int field = fieldIndex(keyColumn);
+    if (!finding || field < 0) {
+        d->fail(ErrorKind::Name, u"「"_s + keyColumn.toString() + u"」では行を探せません。"_s);
+        return -1;
+    }
+    const sql::ResultColumn& column = d->compiled.columns.at(field);
+    for (qsizetype source = 0; source < finding->sources.size(); ++source) {
+        const sql::Finding::Source& each = finding->sources.at(source);
+        if (each.name != column.table || each.key != column.name)
+            continue;
+        const std::optional<qint64> found = d->reader->find(source, key.toInteger());
+        return found ? *found + 1 : -1;
+    }
+    d->fail(ErrorKind::Name, u"「"_s + keyColumn.toString() + u"」では行を探せません。"_s);
+    return -1;
+}
+
 qint64 Recordset::absolutePosition() const
 {
     d->readIfUnread();
@@ -205,11 +230,6 @@ bool Recordset::setAbsolutePosition(qint64 row)
 }
 
 // Private: opening and reading.
-
-void Recordset::Private::beforeWrite()
-{
-    reader->drain();
-}
 
 void Recordset::Private::connectionClosing()
 {
@@ -229,6 +249,7 @@ void Recordset::Private::close()
     newRow.clear();
     changes.clear();
     hasChanges = false;
+    hasAppended = false;
 }
 
 bool Recordset::Private::fail(ErrorKind kind, const QString& message) const

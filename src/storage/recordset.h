@@ -17,14 +17,15 @@ enum class LockType { ReadOnly = 1, Pessimistic = 2, Optimistic = 3 };
 // false, changes nothing and is recorded in the connection's errors; after a failed move there is
 // no current row, so that a walk over all rows ends.
 //
-// Without a page size the rows are read forward from the engine as they are moved to; a result of
-// more than a few dozen rows keeps other copies from writing until it is read to its end or closed.
-// With a page size, a window of `cacheSize` rows (the page size unless told otherwise) is read at a
-// time and nothing is held open in between, so that any page of a long list costs the rows of that
-// page.
+// Rows are read in blocks, and nothing is held open between two of them: a recordset that stays
+// open keeps nobody from writing. Without a page size they are read forward; with one, a window of
+// `cacheSize` rows (the page size unless told otherwise) is read at a time, so that any page of a
+// long list costs the rows of that page.
 //
-// Before rows are changed through the connection, what is still to be read of open recordsets is
-// taken into memory: a walk over rows that changes them sees each row once, as it was.
+// Which rows there are is settled when a result of more than a few dozen rows is opened, and for a
+// list whose filter has to search, when its first page is read: a walk meets each row once,
+// whatever it writes itself, rows that were deleted meanwhile are passed over, and those that came
+// later are not met. What a row holds is read with its block.
 class Recordset {
 public:
     Recordset();
@@ -74,7 +75,8 @@ public:
     // Afterwards there is no current row until moveNext(), which goes to the one behind it.
     bool deleteRow();
 
-    // How many rows the statement gives, counted by the engine; -1 on failure.
+    // How many rows the statement gives: those that were found, where all were, else counted by the
+    // engine; -1 on failure.
     qint64 recordCount();
 
     // Pages, from 1. Set the page size before open() so that only that window is read.
@@ -86,6 +88,10 @@ public:
     bool setAbsolutePage(qint64 page);
     // Rows from 1; used with a cache size to read any stretch of a long result.
     void setCacheSize(int rows);
+    // The position of the row with this key in the order of the rows, 0 when it is not among them,
+    // -1 on failure. `keyColumn`: a field that is the key column of one of the statement's tables.
+    // The current row stays.
+    qint64 positionOf(QStringView keyColumn, const Value& key);
     qint64 absolutePosition() const; // 0 without a row
     // As setAbsolutePage, for a row.
     bool setAbsolutePosition(qint64 row);

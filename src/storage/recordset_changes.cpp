@@ -151,6 +151,7 @@ bool Recordset::Private::append()
     newRow = std::move(row);
     forgetChanges();
     stand = Stand::Written;
+    hasAppended = true;
     return true;
 }
 
@@ -189,7 +190,6 @@ bool Recordset::Private::remove()
 // Runs a statement that is to write one row; Gone when it wrote none.
 bool Recordset::Private::writeOne(const sql::Emitted& statement) const
 {
-    connection->announceWrite();
     qint64 affected = 0;
     if (const auto error = connection->session()->run(statement, &affected))
         return fail(*error);

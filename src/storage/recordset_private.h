@@ -37,13 +37,13 @@ struct Recordset::Private final : ConnectionUser {
     // By field: what setValue() gave the row since it was stood on.
     std::vector<std::optional<Value>> changes;
     bool hasChanges = false;
+    bool hasAppended = false; // rows that the reader does not count
     // Of a row that this recordset appended: its values, then its address.
     std::vector<Value> newRow;
 
     Private() = default;
     ~Private() override { close(); }
 
-    void beforeWrite() override;
     void connectionClosing() override;
     void close();
     bool fail(ErrorKind kind, const QString& message) const;

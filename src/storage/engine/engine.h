@@ -6,6 +6,7 @@
 #include "storage/schema/definitions.h"
 #include "storage/sql/compile.h"
 #include "storage/sql/dialect.h"
+#include "storage/sql/finding.h"
 #include "storage/value.h"
 
 #include <memory>
@@ -22,16 +23,25 @@ public:
 
     virtual ~Cursor() = default;
     virtual Step step() = 0;
-    // The statement stops (Step::Stopped) once it has done this much work, in the engine's own
-    // steps, of which a row costs some tens.
-    virtual void limitWork(int steps) = 0;
+    // The statement stops (Step::Stopped) once it has looked at about this many rows, those that it
+    // passes over among them.
+    virtual void limitWork(qint64 rows) = 0;
     virtual int columnCount() const = 0;
+    // A whole number of the current row, an address mostly; sql::NoAddress for Null.
+    virtual qint64 integer(int column) const = 0;
     // The current row's value; the column type tells date-times from texts.
     virtual Value value(int column, schema::ColumnType type) const = 0;
-    // Adds the current row's first `columns` values to the buffer.
-    virtual void takeRow(int columns, RowBuffer* rows) const = 0;
+    // Adds `columns` values of the current row, from the column `first` on, to the buffer.
+    virtual void takeRow(int first, int columns, RowBuffer* rows) const = 0;
     // Why the last step failed.
     virtual Error error() const = 0;
+};
+
+// How an engine would read a statement's rows.
+enum class Way {
+    Sorts,     // it collects them all and sorts them
+    WalksAll,  // an index gives the order, the condition is looked at on the way
+    WalksSome, // an index gives the order and leads to the rows of the condition
 };
 
 class Session {
@@ -40,6 +50,8 @@ public:
 
     virtual const sql::Dialect& dialect() const = 0;
     virtual std::unique_ptr<Cursor> prepare(const sql::Emitted& statement, Error* error) = 0;
+    // How the rows of a statement with an order would be read; Sorts when it cannot be told.
+    virtual Way wayOf(const sql::Emitted& statement) = 0;
     virtual std::optional<Error> run(const sql::Emitted& statement, qint64* affected) = 0;
     // The address of the row that this session inserted last.
     virtual qint64 lastRowAddress() const = 0;

@@ -11,8 +11,10 @@ using namespace Qt::StringLiterals;
 namespace storage::sql {
 namespace {
 
-Compiled compiled(const bound::Select& select, const Dialect& dialect)
+Compiled compiled(bound::Select&& bound, const schema::Catalog& catalog, const Dialect& dialect)
 {
+    const auto kept = std::make_shared<const bound::Select>(std::move(bound));
+    const bound::Select& select = *kept;
     const bound::SelectPart& first = select.parts.front();
     const bool updatable = select.parts.size() == 1 && first.sources.size() == 1 && !first.distinct
         && !first.aggregated;
@@ -20,16 +22,18 @@ Compiled compiled(const bound::Select& select, const Dialect& dialect)
     result.kind = StatementKind::Rows;
     result.statement = Emitter(dialect).rows(select, updatable);
     result.count = Emitter(dialect).count(select);
-    result.page = Emitter(dialect).page(select, updatable);
     for (const bound::Output& output : first.outputs)
         result.columns.append(output.column);
     if (updatable)
         result.updatableTable = first.sources.front().table->name();
     result.ordered = !select.order.empty();
+    result.select = kept;
+    result.tables = catalog;
     return result;
 }
 
-template <typename Change> Compiled compiled(const Change& change, const Dialect& dialect)
+template <typename Change>
+Compiled compiled(Change&& change, const schema::Catalog& /*catalog*/, const Dialect& dialect)
 {
     constexpr bool defines =
         std::is_same_v<Change, bound::AddColumn> || std::is_same_v<Change, bound::DropTable>;
@@ -61,22 +65,13 @@ std::variant<Compiled, Error> compile(const QString& statement, const schema::Ca
     auto bound = Binder(statement, catalog, arguments).bind(std::get<ast::Statement>(parsed));
     if (auto* error = std::get_if<Error>(&bound))
         return std::move(*error);
-    return std::visit([&dialect](const auto& each) { return compiled(each, dialect); },
+    return std::visit([&](auto& each) { return compiled(std::move(each), catalog, dialect); },
                       std::get<bound::Statement>(bound));
 }
 
 Emitted window(const Compiled& rows, qint64 limit, qint64 offset, const Dialect& dialect)
 {
-    const QString window = dialect.window(limit, offset);
-    if (rows.page && (offset > 0 || !rows.page->firstInOneStep))
-        return {rows.page->head + u' ' + window + rows.page->tail, rows.page->parameters};
-    return {rows.statement.text + u' ' + window, rows.statement.parameters};
-}
-
-Emitted searchWindow(const Compiled& rows, qint64 limit, qint64 offset, const Dialect& dialect)
-{
-    return {rows.page->searchHead + u' ' + dialect.window(limit, offset) + rows.page->tail,
-            rows.page->parameters};
+    return {rows.statement.text + u' ' + dialect.window(limit, offset), rows.statement.parameters};
 }
 
 } // namespace storage::sql

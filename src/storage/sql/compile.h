@@ -8,12 +8,16 @@
 #include <QList>
 #include <QString>
 
+#include <memory>
 #include <optional>
 #include <variant>
 
 namespace storage::sql {
 
 class Dialect;
+namespace bound {
+struct Select;
+}
 
 // What becomes of a value that is given for a "?" on its way to the engine.
 enum class SlotForm {
@@ -46,19 +50,6 @@ struct ResultColumn {
     schema::ColumnType type = schema::ColumnType::Text;
 };
 
-// A SELECT by the page, in two steps: the addresses of a page's rows are found in order, for which
-// an index or a sort of few columns will do, and then these rows alone are read.
-struct PageStatement {
-    QString head; // up to where the limit goes
-    // For a search: the same as `head`, but all rows are read as they lie and those found are
-    // sorted. It is far quicker than looking at the rows in order when few are found.
-    QString searchHead;
-    QString tail; // behind it
-    QList<Parameter> parameters;
-    // The first page is had as soon from the statement itself: an index gives its order.
-    bool firstInOneStep = false;
-};
-
 enum class StatementKind { Rows, Write, Definition };
 
 // A statement that was parsed, bound to a catalog and emitted for an engine.
@@ -67,8 +58,10 @@ struct Compiled {
     Emitted statement;
     // For rows: the same rows counted (one row, one column).
     Emitted count;
-    // For rows with an order that come from tables one by one, where they may be many.
-    std::optional<PageStatement> page;
+    // For rows: what they were emitted from, with the tables that it speaks of (see finding.h).
+    std::shared_ptr<const bound::Select> select;
+    schema::Catalog tables;
+    QList<Value> arguments; // the values that fill() has put in their places
     QList<ResultColumn> columns;
     // For rows that come from one table without grouping or union: that table's canonical name. The
     // emitted statement then carries the row's address as one more column after `columns`.
@@ -87,12 +80,11 @@ std::variant<Compiled, Error> compile(const QString& statement, const schema::Ca
 // Puts the values, of the types compiled for, in the places kept for them. Fails with Type when one
 // does not fit the column that it is written to, with Syntax when it is no Like pattern.
 std::optional<Error> fill(Compiled* compiled, const QList<Value>& arguments);
+// The same for parameters alone.
+std::optional<Error> fill(QList<Parameter>* parameters, const QList<Value>& arguments);
 
 // The rows, but only `limit` of them from the `offset`th (from 0) on.
 Emitted window(const Compiled& rows, qint64 limit, qint64 offset, const Dialect& dialect);
-// The same by `searchHead`; only for rows that have one.
-Emitted searchWindow(const Compiled& rows, qint64 limit, qint64 offset, const Dialect& dialect);
-
 // Statements of a recordset that writes rows, already bound: columns by canonical name. `address`
 // is the row's address as the extra column of Compiled gave it; `readStamp` is the 更新日時 that
 // was read, nullopt when the table has no such column.

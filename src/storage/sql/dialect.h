@@ -41,6 +41,10 @@ public:
     virtual QString nextStamp(const QString& old, const QString& written) const = 0;
     // The address of a row of the table (or of its alias in a statement).
     virtual QString rowAddress(const schema::Table& table, const QString& alias) const = 0;
+    // Whether an address is in a list, which is bound as a text: "[1,2,3]".
+    virtual QString isAmong(const QString& address, const QString& list) const = 0;
+    // What brings rows that a list leads to (FROM (VALUES …) AS _at LEFT JOIN …) into its order.
+    virtual QString inListOrder() const { return QStringLiteral(" ORDER BY _at.column1"); }
     // The expression in a spelling that no index is read for.
     virtual QString unindexed(const QString& expression) const { return expression; }
     // "limit n offset m".

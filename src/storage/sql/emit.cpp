@@ -15,29 +15,6 @@ bool isWrapped(const bound::Select& select)
         && (select.parts.size() > 1 || select.parts.front().distinct);
 }
 
-// Whether a text is looked for inside others, which no index finds.
-bool isSearch(const bound::Expression& condition)
-{
-    if (const auto* like = std::get_if<bound::Like>(&condition.node))
-        return !like->prefix;
-    const auto* logic = std::get_if<bound::Logic>(&condition.node);
-    return logic && std::ranges::any_of(logic->operands, [](const bound::ExpressionPtr& operand) {
-               return isSearch(*operand);
-           });
-}
-
-// Whether the rows are those of one record, found by its number and mark.
-bool isOfOneRecord(const bound::Expression& condition)
-{
-    const auto* logic = std::get_if<bound::Logic>(&condition.node);
-    return logic && logic->kind == ast::LogicKind::And
-        && std::ranges::all_of(logic->operands, [](const bound::ExpressionPtr& operand) {
-               const auto* comparison = std::get_if<bound::Comparison>(&operand->node);
-               return comparison && comparison->kind == ast::ComparisonKind::Equal
-                   && comparison->form == bound::Form::Plain;
-           });
-}
-
 bool isText(schema::ColumnType type)
 {
     return type == schema::ColumnType::Text;
@@ -53,7 +30,15 @@ QString Emitter::numberedColumn(size_t index)
 
 Emitted Emitter::finished(QString text)
 {
-    return Emitted{std::move(text), std::move(m_parameters)};
+    return Emitted{std::move(text), takeParameters()};
+}
+
+QList<Parameter> Emitter::takeParameters()
+{
+    QList<Parameter> taken = std::exchange(m_parameters, {});
+    if (!m_arguments.isEmpty())
+        fill(&taken, m_arguments);
+    return taken;
 }
 
 Emitted Emitter::rows(const bound::Select& select, bool withAddress)
@@ -130,49 +115,6 @@ QStringList Emitter::outputs(const bound::SelectPart& part, bool numbered)
         outputs.append(std::move(output));
     }
     return outputs;
-}
-
-std::optional<PageStatement> Emitter::page(const bound::Select& select, bool withAddress)
-{
-    const bound::SelectPart& part = select.parts.front();
-    if (select.order.empty() || select.parts.size() > 1 || part.distinct || part.aggregated
-        || part.top || !part.from)
-        return std::nullopt;
-    if (part.where && isOfOneRecord(*part.where))
-        return std::nullopt; // they are few: nothing is gained by a second step
-
-    QStringList columns = outputs(part, false);
-    QStringList found;
-    QString joined;
-    for (size_t i = 0; i < part.sources.size(); ++i) {
-        const bound::Source& source = part.sources[i];
-        const QString address = m_dialect.rowAddress(*source.table, m_dialect.name(source.name));
-        const QString name = m_dialect.name(numberedColumn(i));
-        found.append(address + u" AS "_s + name);
-        // Left, so that the page leads: its rows are few, and a row without a partner stays one.
-        joined += u" LEFT JOIN "_s + term(static_cast<qsizetype>(i)) + u" ON "_s + address
-            + u" = _page."_s + name;
-        if (withAddress)
-            columns.append(address);
-    }
-
-    PageStatement page;
-    const QString rows = u"SELECT "_s + columns.join(u", "_s) + u" FROM (SELECT "_s
-        + found.join(u", "_s) + fromWhere(part);
-    page.head = rows + order(select, false);
-    const qsizetype parameters = m_parameters.size();
-    if (part.where && isSearch(*part.where))
-        page.searchHead = rows + order(select, false, true);
-    if (m_parameters.size() > parameters) { // one statement would have them, the other not
-        page.searchHead.clear();
-        m_parameters.remove(parameters, m_parameters.size() - parameters);
-    }
-    page.tail = u") AS _page"_s + joined + order(select, false);
-    page.firstInOneStep = part.sources.size() == 1 && !part.where
-        && std::none_of(select.order.begin(), select.order.end(),
-                        [](const bound::OrderTerm& term) { return term.descending; });
-    page.parameters = std::move(m_parameters);
-    return page;
 }
 
 // `more` is one more condition on the rows.

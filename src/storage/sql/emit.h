@@ -2,6 +2,7 @@
 
 #include "storage/sql/bound.h"
 #include "storage/sql/dialect.h"
+#include "storage/sql/finding.h"
 #include "text/collate.h"
 
 namespace storage::sql {
@@ -10,12 +11,18 @@ namespace storage::sql {
 // quoted and, where there are several tables, qualified.
 class Emitter {
 public:
-    explicit Emitter(const Dialect& dialect) : m_dialect(dialect) {}
+    // `arguments`: the values for each "?", where they are known already (they have been through
+    // fill() once); without them their places are kept.
+    explicit Emitter(const Dialect& dialect, QList<Value> arguments = {})
+        : m_dialect(dialect), m_arguments(std::move(arguments))
+    {
+    }
 
     // The rows; `withAddress` adds the row's address as one more column.
     Emitted rows(const bound::Select& select, bool withAddress);
-    // The same by the page; nothing when the rows have no order, or are not rows of tables.
-    std::optional<PageStatement> page(const bound::Select& select, bool withAddress);
+    // How the rows of a SELECT of tables are found by their addresses. `ownedBy`: the union, or the
+    // DISTINCT, whose rows they are.
+    Finding finding(const bound::Select& select, const bound::Select* ownedBy);
     // How many rows there are: without order, and without what only shapes the columns.
     Emitted count(const bound::Select& select);
     Emitted change(const bound::Insert& insert);
@@ -41,6 +48,16 @@ private:
 
     // emit_change.cpp
     QString fittedRows(const bound::Insert& insert, const bound::Select& source);
+
+    // emit_finding.cpp
+    QString addresses(const bound::SelectPart& part);
+    QString ownAddresses(const bound::Select& select);
+    QString unindexedWhere(const bound::SelectPart& part);
+    void emitReading(const bound::SelectPart& part, Finding* result);
+    void emitWays(const bound::Select& select, Finding* result);
+    void emitListed(const bound::Select& select, Finding* result);
+    void emitFilter(const bound::SelectPart& part, Finding* result);
+    void emitWholeTable(const bound::Select& select, Finding* result);
 
     // emit_expression.cpp
     QString value(const bound::Expression& expression);
@@ -69,14 +86,17 @@ private:
     QString node(const bound::Aggregate& node);
 
     Emitted finished(QString text);
+    QList<Parameter> takeParameters();
 
     const Dialect& m_dialect;
+    QList<Value> m_arguments;
     QList<Parameter> m_parameters;
     const Columns* m_sources = nullptr;        // what columns stand for now
     const bound::SelectPart* m_part = nullptr; // whose outputs are being written
     QString m_rowLabel; // what the row being written is called, and its number
     QString m_row;
     bool m_rowsNeeded = false; // by an output of m_part
+    bool m_unindexed = false;  // no index may be read for a column
 };
 
 } // namespace storage::sql

@@ -121,8 +121,10 @@ QString Emitter::range(const QString& expression, CodePointRange characters)
 QString Emitter::column(const bound::Column& column)
 {
     const bound::Source& source = (*m_sources)[static_cast<size_t>(column.source)];
-    const QString name = m_dialect.name(source.table->columns()[column.index].name);
-    return m_sources->size() > 1 ? m_dialect.name(source.name) + u'.' + name : name;
+    QString name = m_dialect.name(source.table->columns()[column.index].name);
+    if (m_sources->size() > 1)
+        name = m_dialect.name(source.name) + u'.' + name;
+    return m_unindexed ? m_dialect.unindexed(name) : name;
 }
 
 QString Emitter::node(const bound::Literal& node)

@@ -27,7 +27,9 @@ std::variant<Value, Error> formed(const Value& value, const Slot& slot)
     return value;
 }
 
-std::optional<Error> fillAll(QList<Parameter>* parameters, const QList<Value>& arguments)
+} // namespace
+
+std::optional<Error> fill(QList<Parameter>* parameters, const QList<Value>& arguments)
 {
     for (Parameter& parameter : *parameters) {
         const auto* slot = std::get_if<Slot>(&parameter);
@@ -41,18 +43,14 @@ std::optional<Error> fillAll(QList<Parameter>* parameters, const QList<Value>& a
     return {};
 }
 
-} // namespace
-
 std::optional<Error> fill(Compiled* compiled, const QList<Value>& arguments)
 {
     if (arguments.isEmpty())
         return {};
-    std::optional<Error> error = fillAll(&compiled->statement.parameters, arguments);
-    if (!error)
-        error = fillAll(&compiled->count.parameters, arguments);
-    if (!error && compiled->page)
-        error = fillAll(&compiled->page->parameters, arguments);
-    return error;
+    compiled->arguments = arguments;
+    if (auto error = fill(&compiled->statement.parameters, arguments))
+        return error;
+    return fill(&compiled->count.parameters, arguments);
 }
 
 } // namespace storage::sql

@@ -100,6 +100,11 @@ QString PaperDialect::rowAddress(const schema::Table& /*table*/, const QString& 
     return u"@row"_s;
 }
 
+QString PaperDialect::isAmong(const QString& address, const QString& list) const
+{
+    return address + u" among "_s + list;
+}
+
 QString PaperDialect::window(qint64 limit, qint64 offset) const
 {
     return u"LIMIT "_s + QString::number(limit) + u" OFFSET "_s + QString::number(offset);

@@ -22,6 +22,7 @@ public:
     QString fitted(const QString& expression, const schema::Column& column, const QString& rowLabel,
                    const QString& row) const override;
     QString nextStamp(const QString& old, const QString& written) const override;
+    QString isAmong(const QString& address, const QString& list) const override;
     QString rowAddress(const schema::Table& table, const QString& alias) const override;
     QString window(qint64 limit, qint64 offset) const override;
     QString columnDefinition(const schema::Column& column, bool isKey) const override;

@@ -6,9 +6,16 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
+#include <limits>
+
 namespace storage::engine::sqlite {
 
 namespace {
+
+// A row that is looked at in a join and passed over costs about as many steps.
+constexpr qint64 StepsOfARow = 32;
+constexpr qint64 MostRowsLimited = std::numeric_limits<int>::max() / StepsOfARow;
 
 int bindBytes(sqlite3_stmt* statement, int index, const QByteArray& bytes)
 {
@@ -109,11 +116,11 @@ SqliteCursor::~SqliteCursor()
         m_cache->keep(m_text, std::move(m_statement));
 }
 
-// The engine counts the work of a statement for as long as it is prepared.
-void SqliteCursor::limitWork(int steps)
+// The engine counts the steps of its machine for as long as a statement is prepared.
+void SqliteCursor::limitWork(qint64 rows)
 {
     sqlite3_stmt_status(m_statement.get(), SQLITE_STMTSTATUS_VM_STEP, 1);
-    m_work = steps;
+    m_work = static_cast<int>(std::min(rows, MostRowsLimited) * StepsOfARow);
 }
 
 int SqliteCursor::stepLimited() const
@@ -148,6 +155,14 @@ Cursor::Step SqliteCursor::step()
     }
 }
 
+qint64 SqliteCursor::integer(int column) const
+{
+    sqlite3_stmt* statement = m_statement.get();
+    return sqlite3_column_type(statement, column) == SQLITE_NULL
+        ? sql::NoAddress
+        : qint64{sqlite3_column_int64(statement, column)};
+}
+
 Value SqliteCursor::value(int column, schema::ColumnType type) const
 {
     sqlite3_stmt* statement = m_statement.get();
@@ -168,10 +183,10 @@ Value SqliteCursor::value(int column, schema::ColumnType type) const
     return Value(std::move(text));
 }
 
-void SqliteCursor::takeRow(int columns, RowBuffer* rows) const
+void SqliteCursor::takeRow(int first, int columns, RowBuffer* rows) const
 {
     sqlite3_stmt* statement = m_statement.get();
-    for (int column = 0; column < columns; ++column) {
+    for (int column = first; column < first + columns; ++column) {
         switch (sqlite3_column_type(statement, column)) {
         case SQLITE_INTEGER:
             rows->addInteger(sqlite3_column_int64(statement, column));

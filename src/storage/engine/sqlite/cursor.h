@@ -31,10 +31,11 @@ public:
     ~SqliteCursor() override;
 
     Step step() override;
-    void limitWork(int steps) override;
+    void limitWork(qint64 rows) override;
     int columnCount() const override { return m_columnCount; }
+    qint64 integer(int column) const override;
     Value value(int column, schema::ColumnType type) const override;
-    void takeRow(int columns, RowBuffer* rows) const override;
+    void takeRow(int first, int columns, RowBuffer* rows) const override;
     Error error() const override { return m_error; }
 
 private:

@@ -86,6 +86,11 @@ QString SqliteDialect::rowAddress(const schema::Table& /*table*/, const QString&
     return alias.isEmpty() ? u"_rowid_"_s : alias + u"._rowid_"_s;
 }
 
+QString SqliteDialect::isAmong(const QString& address, const QString& list) const
+{
+    return address + u" IN (SELECT value FROM json_each("_s + list + u"))"_s;
+}
+
 QString SqliteDialect::unindexed(const QString& expression) const
 {
     return u'+' + expression;

@@ -18,6 +18,9 @@ public:
                    const QString& row) const override;
     QString nextStamp(const QString& old, const QString& written) const override;
     QString rowAddress(const schema::Table& table, const QString& alias) const override;
+    QString isAmong(const QString& address, const QString& list) const override;
+    // The engine reads the list first and in its order, as nothing else leads to the rows.
+    QString inListOrder() const override { return {}; }
     QString unindexed(const QString& expression) const override;
     QString window(qint64 limit, qint64 offset) const override;
     // The declared type says what readCatalog() has to know; what a column must not hold is a

@@ -11,6 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qsizetype MostWays = 256;
+
 QString savepoint(int depth)
 {
     return u"level"_s + QString::number(depth);
@@ -43,6 +45,32 @@ std::unique_ptr<Cursor> SqliteSession::prepare(const sql::Emitted& statement, Er
     }
     return std::make_unique<SqliteCursor>(m_handle.get(), std::move(prepared), statement.text,
                                           &m_statements);
+}
+
+// The engine's plan says so in words: a line for each table, the leading one first, and one for
+// each sort.
+Way SqliteSession::wayOf(const sql::Emitted& statement)
+{
+    const auto known = m_ways.constFind(statement.text);
+    if (known != m_ways.constEnd())
+        return *known;
+    Error ignored;
+    const auto plan =
+        prepare({u"EXPLAIN QUERY PLAN "_s + statement.text, statement.parameters}, &ignored);
+    if (!plan)
+        return Way::Sorts;
+    constexpr int Words = 3;
+    QStringList lines;
+    while (plan->step() == Cursor::Step::Row)
+        lines += plan->value(Words, schema::ColumnType::Text).toText();
+    const bool sorts = lines.isEmpty() || lines.contains(u"USE TEMP B-TREE FOR ORDER BY"_s);
+    const Way way = sorts                        ? Way::Sorts
+        : lines.first().startsWith(u"SEARCH "_s) ? Way::WalksSome
+                                                 : Way::WalksAll;
+    if (m_ways.size() >= MostWays)
+        m_ways.clear();
+    m_ways.insert(statement.text, way);
+    return way;
 }
 
 std::optional<Error> SqliteSession::run(const sql::Emitted& statement, qint64* affected)

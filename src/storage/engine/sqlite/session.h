@@ -4,6 +4,8 @@
 #include "storage/engine/sqlite/dialect.h"
 #include "storage/engine/sqlite/statement_cache.h"
 
+#include <QHash>
+
 #include <memory>
 
 struct sqlite3;
@@ -22,6 +24,7 @@ public:
 
     const sql::Dialect& dialect() const override { return m_dialect; }
     std::unique_ptr<Cursor> prepare(const sql::Emitted& statement, Error* error) override;
+    Way wayOf(const sql::Emitted& statement) override;
     std::optional<Error> run(const sql::Emitted& statement, qint64* affected) override;
     qint64 lastRowAddress() const override;
 
@@ -47,6 +50,7 @@ private:
     Handle m_handle;
     StatementCache m_statements; // they go before the file is closed
     SqliteDialect m_dialect;
+    QHash<QString, Way> m_ways; // by the statement's text
     bool m_foreignTextIndexes;
     bool m_inTransaction = false;
 };
