@@ -17,8 +17,14 @@ Recordset::Recordset() : d(std::make_unique<Private>()) {}
 
 Recordset::~Recordset() = default;
 
-bool Recordset::open(const QString& source, Connection& connection, CursorType /*cursor*/,
+bool Recordset::open(const QString& source, Connection& connection, CursorType cursor,
                      LockType lock)
+{
+    return open(source, QList<Value>(), connection, cursor, lock);
+}
+
+bool Recordset::open(const QString& source, const QList<Value>& values, Connection& connection,
+                     CursorType /*cursor*/, LockType lock)
 {
     close();
     const QStringView trimmed = QStringView(source).trimmed();
@@ -26,7 +32,7 @@ bool Recordset::open(const QString& source, Connection& connection, CursorType /
     const schema::Table* named = mayBeName ? connection.catalog().find(trimmed) : nullptr;
     const QString statement = named ? u"SELECT * FROM ["_s + named->name() + u']' : source;
     sql::Compiled compiled;
-    if (!connection.compile(statement, &compiled))
+    if (!connection.compile(statement, values, &compiled))
         return false;
     if (compiled.kind != sql::StatementKind::Rows) {
         return connection.fail(

@@ -38,6 +38,9 @@ public:
     // from one table. A table opened by name for changes is not read before a row is asked for.
     bool open(const QString& source, Connection& connection,
               CursorType cursor = CursorType::ForwardOnly, LockType lock = LockType::ReadOnly);
+    // The same with a value for each "?" of the statement, as Connection::execute() takes them.
+    bool open(const QString& source, const QList<Value>& values, Connection& connection,
+              CursorType cursor = CursorType::ForwardOnly, LockType lock = LockType::ReadOnly);
     void close(); // the page and cache sizes stay
     bool isOpen() const;
 

@@ -131,7 +131,7 @@ void Emitter::emitReading(const bound::SelectPart& part, Finding* result)
     }
     result->readHead = u"SELECT _at.column1, "_s + columns.join(u", "_s) + u" FROM (VALUES "_s;
     result->readTail = u") AS _at"_s + joined + m_dialect.inListOrder();
-    result->readParameters = std::exchange(m_parameters, {});
+    result->readParameters = takeParameters();
 }
 
 void Emitter::emitFilter(const bound::SelectPart& part, Finding* result)
@@ -230,10 +230,11 @@ std::optional<Finding> finding(const Compiled& rows, const Dialect& dialect)
     if (select.parts.size() == 1 && !part.distinct) {
         if (part.aggregated || part.top || !part.from)
             return std::nullopt;
-        return Emitter(dialect).finding(select, nullptr);
+        return Emitter(dialect, rows.arguments).finding(select, nullptr);
     }
     const std::optional<bound::Select> own = ownRows(select);
-    return own ? std::optional(Emitter(dialect).finding(*own, &select)) : std::nullopt;
+    return own ? std::optional(Emitter(dialect, rows.arguments).finding(*own, &select))
+               : std::nullopt;
 }
 
 Emitted readAt(const Finding& finding, const qint64* addresses, qsizetype count,
