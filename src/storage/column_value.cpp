@@ -1,6 +1,7 @@
 #include "storage/column_value.h"
 
 #include "text/dates.h"
+#include "text/fold.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,16 +9,22 @@
 
 namespace storage {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
+constexpr qsizetype ShownLength = 40; // of a value, in a message
+
+// Digits count in either width, as they do where a statement compares them.
 std::optional<Value> asReal(const Value& value)
 {
     bool isNumber = value.type() == ValueType::Integer || value.type() == ValueType::Real;
+    double number = value.toReal();
     if (value.type() == ValueType::Text)
-        value.toText().trimmed().toDouble(&isNumber);
-    if (!isNumber || !std::isfinite(value.toReal()))
+        number = text::fold(value.toText()).trimmed().toDouble(&isNumber);
+    if (!isNumber || !std::isfinite(number))
         return {};
-    return Value(value.toReal());
+    return Value(number);
 }
 
 std::optional<Value> asLong(const Value& value)
@@ -73,6 +80,15 @@ std::optional<Value> fitColumn(const Value& value, const schema::Column& column)
         break;
     }
     return asText(value, column.maxLength);
+}
+
+QString misfitMessage(const Value& value, const QString& column, const QString& row)
+{
+    QString shown = value.isNull() ? u"Null"_s : value.toText();
+    if (shown.size() > ShownLength)
+        shown = shown.left(ShownLength) + u'…';
+    const QString place = row.isEmpty() ? row : u'（' + row + u'）';
+    return u"列「"_s + column + u"」に入らない値「"_s + shown + u"」です"_s + place + u'。';
 }
 
 } // namespace storage

@@ -28,8 +28,9 @@ struct Connection::Private {
     QString path;
     Mode mode;
     schema::Catalog catalog;
-    // By their text; a screen asks the same few questions again and again.
-    QCache<QString, sql::Compiled> compiled{64};
+    // By their text and the types of their values; a screen asks the same few questions again and
+    // again. The places of the values are still empty in them.
+    QCache<std::pair<QString, QByteArray>, sql::Compiled> compiled{64};
     int depth = 0;
     bool catalogChanged = false; // inside the open transaction
 };
@@ -39,6 +40,23 @@ namespace {
 Error stateError(const QString& message)
 {
     return {ErrorKind::State, message};
+}
+
+QList<ValueType> typesOf(const QList<Value>& values)
+{
+    QList<ValueType> types;
+    for (const Value& value : values)
+        types.append(value.type());
+    return types;
+}
+
+// The types as part of a key.
+QByteArray lettersOf(const QList<ValueType>& types)
+{
+    QByteArray letters;
+    for (const ValueType type : types)
+        letters.append(static_cast<char>('a' + static_cast<int>(type)));
+    return letters;
 }
 
 // Indexes that another version of the text rules has made are renewed before anybody reads by them.
@@ -144,32 +162,54 @@ Mode Connection::mode() const
     return d ? d->mode : Mode::ReadWrite;
 }
 
-bool Connection::compile(const QString& statement, sql::Compiled* compiled)
+bool Connection::compile(const QString& statement, const QList<Value>& values,
+                         sql::Compiled* compiled)
 {
     if (!isOpen())
         return fail(stateError(u"ファイルを開いていません。"_s));
-    if (const sql::Compiled* known = d->compiled.object(statement)) {
+    const QList<ValueType> types = typesOf(values);
+    const std::pair key(statement, lettersOf(types));
+    if (const sql::Compiled* known = d->compiled.object(key)) {
         *compiled = *known;
-        return true;
+        return fill(statement, values, compiled);
     }
-    auto result = sql::compile(statement, d->catalog, d->session->dialect());
+    auto result = sql::compile(statement, d->catalog, d->session->dialect(), types);
     const Error* refused = std::get_if<Error>(&result);
     // Another copy may have upgraded the file since its tables were read.
     if (refused && refused->kind == ErrorKind::Name && rereadCatalog())
-        result = sql::compile(statement, d->catalog, d->session->dialect());
+        result = sql::compile(statement, d->catalog, d->session->dialect(), types);
     refused = std::get_if<Error>(&result);
     if (refused)
         return fail(*refused);
     *compiled = std::move(std::get<sql::Compiled>(result));
-    if (compiled->kind == sql::StatementKind::Rows)
-        d->compiled.insert(statement, new sql::Compiled(*compiled));
-    return true;
+    // A write without places for values is another one each time.
+    if (compiled->kind == sql::StatementKind::Rows || !values.isEmpty())
+        d->compiled.insert(key, new sql::Compiled(*compiled));
+    return fill(statement, values, compiled);
+}
+
+bool Connection::compile(const QString& statement, sql::Compiled* compiled)
+{
+    return compile(statement, {}, compiled);
+}
+
+bool Connection::fill(const QString& statement, const QList<Value>& values, sql::Compiled* compiled)
+{
+    std::optional<Error> error = sql::fill(compiled, values);
+    if (error)
+        error->statement = statement;
+    return check(std::move(error));
 }
 
 bool Connection::execute(const QString& statement, qint64* affected)
 {
+    return execute(statement, QList<Value>(), affected);
+}
+
+bool Connection::execute(const QString& statement, const QList<Value>& values, qint64* affected)
+{
     sql::Compiled compiled;
-    if (!compile(statement, &compiled))
+    if (!compile(statement, values, &compiled))
         return false;
     qint64 written = 0;
     if (auto error = d->session->run(compiled.statement, &written)) {

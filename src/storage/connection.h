@@ -1,6 +1,7 @@
 #pragma once
 
 #include "storage/error.h"
+#include "storage/value.h"
 
 #include <QList>
 #include <QString>
@@ -58,6 +59,10 @@ public:
     // Runs one statement. `affected` receives the number of rows written, 0 for a statement that
     // writes none. Rows that a SELECT gives are dropped.
     bool execute(const QString& statement, qint64* affected = nullptr);
+    // The same with a value for each "?" in it, in order; fails with State when they are not as
+    // many. A value is taken for what it is: one that is compared must be of the other side's type,
+    // one that is written is brought to its column's.
+    bool execute(const QString& statement, const QList<Value>& values, qint64* affected = nullptr);
 
     // Transactions nest: the outermost takes the write lock at once (waiting up to ten seconds,
     // then Busy), the inner ones are savepoints. A commit that fails rolls its level back.
@@ -85,7 +90,9 @@ public:
     // For the storage room alone.
     // The engine's side; null while closed.
     engine::Session* session() const;
-    // Compiles a statement for the open file; records why it is refused.
+    // Compiles a statement for the open file, with the values for its "?"; records why it is
+    // refused.
+    bool compile(const QString& statement, const QList<Value>& values, sql::Compiled* compiled);
     bool compile(const QString& statement, sql::Compiled* compiled);
     // Who reads from the connection.
     void addUser(ConnectionUser* user);
@@ -96,6 +103,7 @@ private:
     bool adopt(std::unique_ptr<Private> opened);
     bool check(std::optional<Error> error); // records it, if there is one
     bool rereadCatalog();
+    bool fill(const QString& statement, const QList<Value>& values, sql::Compiled* compiled);
 
     std::unique_ptr<Private> d;
     QList<ConnectionUser*> m_users;

@@ -17,8 +17,14 @@ Recordset::Recordset() : d(std::make_unique<Private>()) {}
 
 Recordset::~Recordset() = default;
 
-bool Recordset::open(const QString& source, Connection& connection, CursorType /*cursor*/,
+bool Recordset::open(const QString& source, Connection& connection, CursorType cursor,
                      LockType lock)
+{
+    return open(source, QList<Value>(), connection, cursor, lock);
+}
+
+bool Recordset::open(const QString& source, const QList<Value>& values, Connection& connection,
+                     CursorType /*cursor*/, LockType lock)
 {
     close();
     const QStringView trimmed = QStringView(source).trimmed();
@@ -26,7 +32,7 @@ bool Recordset::open(const QString& source, Connection& connection, CursorType /
     const schema::Table* named = mayBeName ? connection.catalog().find(trimmed) : nullptr;
     const QString statement = named ? u"SELECT * FROM ["_s + named->name() + u']' : source;
     sql::Compiled compiled;
-    if (!connection.compile(statement, &compiled))
+    if (!connection.compile(statement, values, &compiled))
         return false;
     if (compiled.kind != sql::StatementKind::Rows) {
         return connection.fail(
@@ -50,9 +56,10 @@ bool Recordset::open(const QString& source, Connection& connection, CursorType /
         return true;
     const RowReader::Move move = d->reader->moveTo(0);
     d->settle(move);
-    if (move == RowReader::Move::Failed)
+    const bool failed = move == RowReader::Move::Failed && !d->reader->isUnreadable();
+    if (failed)
         close();
-    return move != RowReader::Move::Failed;
+    return !failed;
 }
 
 void Recordset::close()
@@ -69,6 +76,11 @@ bool Recordset::eof() const
 {
     d->readIfUnread();
     return d->stand == Stand::End;
+}
+
+bool Recordset::isUnreadable() const
+{
+    return isOpen() && d->stand == Stand::End && d->reader->isUnreadable();
 }
 
 bool Recordset::moveNext()

@@ -38,11 +38,17 @@ public:
     // from one table. A table opened by name for changes is not read before a row is asked for.
     bool open(const QString& source, Connection& connection,
               CursorType cursor = CursorType::ForwardOnly, LockType lock = LockType::ReadOnly);
+    // The same with a value for each "?" of the statement, as Connection::execute() takes them.
+    bool open(const QString& source, const QList<Value>& values, Connection& connection,
+              CursorType cursor = CursorType::ForwardOnly, LockType lock = LockType::ReadOnly);
     void close(); // the page and cache sizes stay
     bool isOpen() const;
 
     // True at the end, after a failed move, and while closed.
     bool eof() const;
+    // The last move came to a row that lies where the file is damaged. It has a position like the
+    // others, and those behind it may be readable; its failure is recorded once for all of them.
+    bool isUnreadable() const;
     // Steps to the next row; false at the end (eof() is then true) and on failure. A row that was
     // changed but not updated goes back to what it was; from a new row the next one is the end.
     bool moveNext();

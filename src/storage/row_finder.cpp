@@ -2,7 +2,9 @@
 
 namespace storage {
 
+using namespace Qt::StringLiterals;
 using engine::Cursor;
+using engine::Way;
 
 namespace {
 
@@ -13,6 +15,11 @@ constexpr qint64 LookedAt = 6000;
 // From here on a page costs so much that all rows are found when the second one is turned to.
 constexpr qint64 Far = 4000;
 constexpr qint64 Unlimited = 0;
+// Of a table's rows, the part up to which sorting the found ones is quicker than walking all.
+constexpr qint64 SortedPart = 4;
+// The same where an index orders groups of rows, and the part that may then be looked at.
+constexpr qint64 GroupsPart = 16;
+constexpr qint64 WalkedPart = 8;
 
 } // namespace
 
@@ -49,43 +56,94 @@ bool RowFinder::find(qint64 position, qint64 count)
     const bool isThere = m_rows.holds(position) && m_rows.end() >= position + count;
     if (m_complete || isThere || (m_total >= 0 && position >= m_total))
         return true;
-    if (!m_triedFew) {
-        m_triedFew = true;
-        if (knowsFew())
-            return findAll();
-    }
+    const bool walks = wayInOrder() != nullptr;
+    const bool filters = m_finding.filtered && m_way != Way::WalksSome;
     const bool far = position >= Far;
-    if (!wayInOrder() || (far && std::exchange(m_turnedFar, true)))
+    // The second page that is far from the beginning finds them all.
+    if (!walks || (far && (filters || std::exchange(m_turnedFar, true))))
+        return findAll();
+    if (filters && (isFew() || isFarOnTheWay(position, count)))
         return findAll();
     const Outcome outcome = findOnTheWay(position, count);
     return outcome == Outcome::Stopped ? findAll() : outcome == Outcome::Done;
+}
+
+RowFinder::Direct RowFinder::direct(qint64 count)
+{
+    if (m_complete || !wayInOrder() || m_way == Way::WalksGroups)
+        return {};
+    const bool filters = m_finding.filtered && m_way != Way::WalksSome;
+    if (filters && isFew())
+        return {};
+    return {m_inOrder == &m_finding.inOrder ? Direct::AsWritten : Direct::OnTheWay,
+            m_finding.filtered ? LookedAt + 2 * count : Unlimited};
 }
 
 const sql::Emitted* RowFinder::wayInOrder()
 {
     if (std::exchange(m_triedWays, true))
         return m_inOrder;
-    for (const sql::Emitted* way : {&m_finding.inOrder, &m_finding.onTheWay}) {
-        const bool walks = !m_finding.ordered || m_session.wayOf(*way) != engine::Way::Sorts;
-        if (!m_inOrder && !way->text.isEmpty() && walks)
-            m_inOrder = way;
+    for (const sql::Emitted* statement : {&m_finding.inOrder, &m_finding.onTheWay}) {
+        if (m_inOrder || statement->text.isEmpty())
+            continue;
+        m_way = m_finding.ordered ? m_session.wayOf(*statement) : Way::WalksAll;
+        if (m_way != Way::Sorts)
+            m_inOrder = statement;
     }
     return m_inOrder;
 }
 
-// Whether the condition's own index gives few rows: no more than `Few` of them are looked at.
-bool RowFinder::knowsFew()
+// How many rows the condition's own index gives, or one more than that many. Nothing when no index
+// finds them.
+std::optional<qint64> RowFinder::countFiltered(qint64 atMost)
 {
     if (!m_finding.filter || !m_finding.filter->indexable)
-        return false;
+        return std::nullopt;
     sql::Emitted rows = m_finding.filter->rows;
-    rows.text += u' ' + m_session.dialect().window(Few + 1, 0);
-    qint64 found = 0;
-    const Outcome outcome = walk(rows, 1, LookedAt, [&found](std::span<const qint64>) {
-        ++found;
+    rows.text = u"SELECT count(*) FROM ("_s + rows.text + u' '
+        + m_session.dialect().window(atMost + 1, 0) + u") AS _few"_s;
+    std::optional<qint64> found;
+    walk(rows, 1, 2 * atMost, [&found](std::span<const qint64> row) {
+        found = row.front();
         return true;
     });
-    return outcome == Outcome::Done && found <= Few;
+    return found;
+}
+
+// Whether there are so few rows that sorting them is the shortest way.
+bool RowFinder::isFew()
+{
+    if (!m_isFew) {
+        // Where an index orders only groups, a whole group is looked at before its first row comes.
+        const qint64 few =
+            m_way == Way::WalksGroups ? std::max(Few, tableRows() / GroupsPart) : Few;
+        m_isFew = countFiltered(few).value_or(few + 1) <= few;
+    }
+    return *m_isFew;
+}
+
+// Whether the rows of a page behind the first lie so far apart that the way to them is longer than
+// sorting all.
+bool RowFinder::isFarOnTheWay(qint64 position, qint64 count)
+{
+    if (position == 0)
+        return false;
+    if (m_filtered < 0)
+        m_filtered = countFiltered(tableRows() / SortedPart).value_or(0);
+    return m_filtered > 0 && (position + count) * tableRows() / m_filtered > LookedAt;
+}
+
+// About how many rows the table has whose rows are chosen.
+qint64 RowFinder::tableRows()
+{
+    if (m_tableRows < 0) {
+        m_tableRows = 0;
+        walk(m_finding.lastAddress, 1, Unlimited, [this](std::span<const qint64> row) {
+            m_tableRows = std::max<qint64>(row.front(), 0);
+            return true;
+        });
+    }
+    return m_tableRows;
 }
 
 // Reads the list in its order, where the rows before the stretch are passed over.
@@ -93,7 +151,9 @@ RowFinder::Outcome RowFinder::findOnTheWay(qint64 position, qint64 count)
 {
     sql::Emitted rows = *m_inOrder;
     rows.text += u' ' + m_session.dialect().window(count, position);
-    const qint64 limit = m_finding.filtered ? LookedAt + 2 * (position + count) : Unlimited;
+    const qint64 looked =
+        m_way == Way::WalksGroups ? std::max(LookedAt, tableRows() / WalkedPart) : LookedAt;
+    const qint64 limit = m_finding.filtered ? looked + 2 * (position + count) : Unlimited;
     m_rows.start(position);
     const Outcome outcome = walk(rows, m_rows.width(), limit, [this](std::span<const qint64> row) {
         m_rows.add(row);
@@ -117,8 +177,8 @@ bool RowFinder::findAll()
     // One statement does it where its rows come in order, or where there is nothing else to walk.
     if (!m_finding.filtered || !m_finding.ordered
         || (hasOwnOrder
-            && (m_session.wayOf(own) == engine::Way::WalksSome
-                || m_session.wayOf(m_finding.unfiltered) == engine::Way::Sorts))) {
+            && (m_session.wayOf(own) == Way::WalksSome
+                || m_session.wayOf(m_finding.unfiltered) == Way::Sorts))) {
         const Taker keep = [this](std::span<const qint64> row) {
             m_rows.add(row);
             return true;
@@ -136,8 +196,8 @@ bool RowFinder::findAll()
                                  });
     if (outcome != Outcome::Done)
         return false;
-    const bool done = found.count() <= Few
-        ? sortFew(found, byOneTable ? 0 : m_finding.listedSource)
+    const bool done = found.count() <= std::max(Few, tableRows() / SortedPart)
+        ? sortFound(found, byOneTable ? 0 : m_finding.listedSource)
         : walkInOrder(std::move(found),
                       byOneTable ? std::optional(m_finding.filter->source) : std::nullopt);
     return done && finish();
@@ -151,7 +211,7 @@ bool RowFinder::finish()
 }
 
 // `source`: the column of the found rows that holds the addresses of the listed table.
-bool RowFinder::sortFew(const AddressSet& found, qsizetype source)
+bool RowFinder::sortFound(const AddressSet& found, qsizetype source)
 {
     sql::Emitted rows = m_finding.listed;
     rows.parameters.last() = Value(found.list(source));

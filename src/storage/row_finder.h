@@ -24,6 +24,13 @@ public:
     // Finds the rows of a stretch, or as many of them as there are. False when the engine failed
     // (see error()); what was found before then stays.
     bool find(qint64 position, qint64 count);
+    // Whether the first rows are better read at once, and within which limit of work (in rows; 0:
+    // without one): by the statement as it is written, or by Finding::rowsOnTheWay.
+    struct Direct {
+        enum Kind { No, AsWritten, OnTheWay } kind = No;
+        qint64 workLimit = 0;
+    };
+    Direct direct(qint64 count);
     // Finds all rows.
     bool findAll();
     // Finds the row whose address in a source is this; its position, -1 when it is not among the
@@ -47,11 +54,14 @@ private:
 
     Outcome walk(const sql::Emitted& statement, qsizetype width, qint64 workLimit,
                  const Taker& take);
-    bool knowsFew();
+    std::optional<qint64> countFiltered(qint64 atMost);
+    bool isFew();
+    bool isFarOnTheWay(qint64 position, qint64 count);
+    qint64 tableRows();
     // The statement that is read in order without sorting; null when there is none.
     const sql::Emitted* wayInOrder();
     Outcome findOnTheWay(qint64 position, qint64 count);
-    bool sortFew(const AddressSet& found, qsizetype source);
+    bool sortFound(const AddressSet& found, qsizetype source);
     bool walkInOrder(AddressSet found, std::optional<qsizetype> source);
     bool finish();
 
@@ -60,9 +70,13 @@ private:
     FoundRows m_rows;
     bool m_complete = false;
     qint64 m_total = -1;
-    bool m_triedFew = false;
+    std::optional<bool> m_isFew;
+    qint64 m_filtered =
+        -1; // rows that the condition's own index gives, as far as they were counted
     bool m_triedWays = false;
     const sql::Emitted* m_inOrder = nullptr;
+    engine::Way m_way = engine::Way::Sorts; // of m_inOrder
+    qint64 m_tableRows = -1;
     bool m_turnedFar = false;
     Error m_error;
 };

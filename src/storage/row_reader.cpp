@@ -100,15 +100,15 @@ RowReader::Move RowReader::fail(Error error)
 }
 
 // Adds the rows of a statement, up to a limit, to those in memory; `done` when it has no more.
-// False after a failure, which is recorded.
-bool RowReader::takeCursor(const sql::Emitted& statement, qint64 limit, bool* done)
+// False after a failure, and when it was stopped by the limit of work (0: none).
+bool RowReader::takeCursor(const sql::Emitted& statement, qint64 limit, qint64 workLimit,
+                           bool* done, Error* error)
 {
-    Error error;
-    const auto cursor = m_connection.session()->prepare(statement, &error);
-    if (!cursor) {
-        fail(std::move(error));
+    const auto cursor = m_connection.session()->prepare(statement, error);
+    if (!cursor)
         return false;
-    }
+    if (workLimit > 0)
+        cursor->limitWork(workLimit);
     Cursor::Step step = Cursor::Step::Row;
     for (qint64 taken = 0; taken < limit; ++taken) {
         step = cursor->step();
@@ -118,9 +118,18 @@ bool RowReader::takeCursor(const sql::Emitted& statement, qint64 limit, bool* do
         m_rows.addRow();
     }
     *done = step == Cursor::Step::Done;
-    if (step != Cursor::Step::Failed)
+    if (step == Cursor::Step::Failed)
+        *error = cursor->error();
+    return step == Cursor::Step::Done || step == Cursor::Step::Row;
+}
+
+// The same without a limit of work; a failure is recorded.
+bool RowReader::takeCursor(const sql::Emitted& statement, qint64 limit, bool* done)
+{
+    Error error;
+    if (takeCursor(statement, limit, 0, done, &error))
         return true;
-    fail(cursor->error());
+    fail(std::move(error));
     return false;
 }
 
@@ -221,10 +230,9 @@ RowReader::Move RowReader::readWindow(qint64 position)
         return m_rows.holds(position) ? stand(position) : end(m_end);
     }
     const bool isFound = m_finder && (m_finder->isComplete() || m_finder->rows().holds(position));
-    if (!isFound && (m_finding->wholeTable || (m_finding->firstInOneStep && position == 0))) {
-        const Move direct = readDirectly(position);
-        if (direct != Move::Failed || !m_hasRow)
-            return direct;
+    if (!isFound && (m_finding->wholeTable || position == 0)) {
+        if (const std::optional<Move> direct = readDirectly(position))
+            return *direct;
     }
     if (!finder()->find(position, m_window))
         return fail(m_finder->error());
@@ -237,15 +245,24 @@ RowReader::Move RowReader::readWindow(qint64 position)
     return readFound(position, m_window);
 }
 
-RowReader::Move RowReader::readDirectly(qint64 position)
+// Reads a window at once where that is the shortest way. Nothing where it is not, or where some of
+// the rows cannot be read so.
+std::optional<RowReader::Move> RowReader::readDirectly(qint64 position)
 {
+    RowFinder::Direct direct{RowFinder::Direct::AsWritten, 0};
+    if (!m_finding->wholeTable && !m_finding->ofOneRecord)
+        direct = finder()->direct(m_window);
+    if (direct.kind == RowFinder::Direct::No)
+        return std::nullopt;
+    sql::Emitted rows = direct.kind == RowFinder::Direct::AsWritten ? m_compiled.statement
+                                                                    : m_finding->rowsOnTheWay;
+    rows.text += u' ' + m_connection.session()->dialect().window(m_window, position);
     m_rows.start(position, static_cast<std::size_t>(std::min<qint64>(m_window, BlockRows)));
     bool done = false;
-    const sql::Emitted window =
-        sql::window(m_compiled, m_window, position, m_connection.session()->dialect());
-    if (!takeCursor(window, m_window, &done)) {
+    Error error;
+    if (!takeCursor(rows, m_window, direct.workLimit, &done, &error)) {
         m_rows.start(position);
-        return Move::Failed;
+        return std::nullopt;
     }
     // A window that is not filled ends the rows.
     if (m_rows.count() < m_window && (m_rows.count() > 0 || position == 0))

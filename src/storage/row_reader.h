@@ -36,6 +36,11 @@ public:
     // The current row's position; before the first one -1, behind the last one their number.
     qint64 position() const { return m_position; }
     bool hasRow() const { return m_hasRow; }
+    // The position is that of a row that could not be read.
+    bool isUnreadable() const
+    {
+        return m_rows.holds(m_position) && m_rows.place(m_position) == RowWindow::Place::Unreadable;
+    }
 
     // The current row's value; behind the last field of rows that come from one table stands their
     // address.
@@ -72,13 +77,15 @@ private:
     Move readStretch();
     Move readAll();
     Move readWindow(qint64 position);
-    Move readDirectly(qint64 position);
+    std::optional<Move> readDirectly(qint64 position);
     Move readFound(qint64 position, qint64 count);
     void readBlock(const qint64* addresses, qint64 count);
     void readOneByOne(const qint64* addresses, qint64 count, Error error);
     Error takeBlock(const qint64* addresses, qint64 count);
     Move standFrom(qint64 position);
     bool takeCursor(const sql::Emitted& statement, qint64 limit, bool* done);
+    bool takeCursor(const sql::Emitted& statement, qint64 limit, qint64 workLimit, bool* done,
+                    Error* error);
     RowFinder* finder();
 
     Connection& m_connection;

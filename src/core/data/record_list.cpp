@@ -11,6 +11,7 @@ namespace {
 
 // Rows that a list without pages reads at a time.
 constexpr int BlockSize = 256;
+const QString UnreadableText = QStringLiteral("（読めない行）");
 
 } // namespace
 
@@ -24,7 +25,7 @@ RecordList::RecordList(DataFile& file, const QString& statement, ListColumns col
         m_total = 0;
         return;
     }
-    if (m_rows.eof())
+    if (m_rows.eof() && !m_rows.isUnreadable())
         m_total = 0; // a search that found nothing need not be run again to be counted
     findIndices();
 }
@@ -79,14 +80,23 @@ qint64 RecordList::countPage()
     const qint64 before = (m_page - 1) * m_pageSize;
     qint64 rows = 0;
     m_rows.setCacheSize(static_cast<int>(m_pageSize));
-    if (m_readable && m_rows.setAbsolutePosition(before + 1)) {
-        rows = 1;
-        while (rows < m_pageSize && m_rows.moveNext())
-            ++rows;
-    }
+    while (m_readable && rows < m_pageSize && standOn(before + rows + 1))
+        ++rows;
     if (rows > 0 && rows < m_pageSize)
         m_total = before + rows;
     return rows;
+}
+
+// Whether the list has such a row, one that is gone since or cannot be read among them.
+bool RecordList::standOn(qint64 position)
+{
+    const qsizetype failures = m_file.connection.errors().size();
+    if (m_rows.setAbsolutePosition(position))
+        return true;
+    const bool failed = m_rows.isUnreadable() || m_file.connection.errors().size() > failures;
+    if (failed && !std::exchange(m_toldUnreadable, true))
+        tellFailure(m_file.messages, ReadFailedText, m_file.connection);
+    return m_rows.isUnreadable();
 }
 
 QList<ListRow> RecordList::rows(qint64 offset, int count)
@@ -97,15 +107,34 @@ QList<ListRow> RecordList::rows(qint64 offset, int count)
     if (!m_readable || wanted <= 0 || offset < 0)
         return found;
     m_rows.setCacheSize(static_cast<int>(wanted));
-    if (!m_rows.setAbsolutePosition(before + offset + 1))
-        return found;
     found.reserve(wanted);
-    while (!m_rows.eof()) {
-        found.append(currentRow());
-        if (found.size() == wanted || !m_rows.moveNext())
-            break;
+    qint64 position = before + offset + 1;
+    const qint64 behind = position + wanted;
+    while (position < behind && standOn(position)) {
+        if (m_rows.isUnreadable()) {
+            found.append(unreadableRow());
+            ++position;
+            continue;
+        }
+        // Rows that are gone were passed over.
+        if (m_rows.absolutePosition() < behind)
+            found.append(currentRow());
+        position = m_rows.absolutePosition() + 1;
     }
     return found;
+}
+
+qint64 RecordList::positionOf(const RecordKey& key)
+{
+    return m_readable ? m_rows.positionOf(m_columns.updateId, storage::Value(key.updateId)) : 0;
+}
+
+ListRow RecordList::unreadableRow() const
+{
+    ListRow row;
+    row.key = RecordKey().toText();
+    row.cells.append(UnreadableText);
+    return row;
 }
 
 ListRow RecordList::currentRow() const

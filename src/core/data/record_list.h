@@ -2,6 +2,7 @@
 
 #include "core/data/data_file.h"
 #include "core/data/list_source.h"
+#include "core/data/record_key.h"
 #include "storage/recordset.h"
 
 #include <QStringList>
@@ -26,7 +27,7 @@ struct ListColumns {
 
 // The rows of a statement, one page at a time. It holds nothing open and reads exactly the rows
 // that are asked for. A statement that the engine refuses gives an empty list; the user is told
-// once.
+// once, as of rows that cannot be read: each of these stands in the list as a row without a record.
 class RecordList : public ListSource {
 public:
     // `pageSize` 0 or less: one page with all rows.
@@ -41,6 +42,9 @@ public:
     void setPage(qint64 page) override;
     qint64 count() override;
     QList<ListRow> rows(qint64 offset, int count) override;
+    // At which position, from 1 over all pages, the record stands; 0 when it is not in the list, -1
+    // when that cannot be read.
+    qint64 positionOf(const RecordKey& key);
 
 private:
     struct Indices {
@@ -53,6 +57,8 @@ private:
     };
     void findIndices();
     qint64 countPage();
+    bool standOn(qint64 position);
+    ListRow unreadableRow() const;
     ListRow currentRow() const;
 
     DataFile& m_file;
@@ -64,6 +70,7 @@ private:
     qint64 m_pageSize;
     qint64 m_page = 1;
     bool m_readable = false;
+    bool m_toldUnreadable = false;
 };
 
 } // namespace core

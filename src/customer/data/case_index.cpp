@@ -1,5 +1,6 @@
 #include "customer/data/case_index.h"
 
+#include "storage/quoted.h"
 #include "text/dates.h"
 
 using namespace Qt::StringLiterals;
@@ -77,7 +78,8 @@ ListFilter recentCases(const Settings& settings, QDate today)
 
 ListFilter casesWithText(const QString& text)
 {
-    return {TextCondition + text + u"%'"_s, {}, u'\'' + text + u"'を含む件名表示"_s};
+    return {
+        TextCondition + storage::quoted(text) + u"%'"_s, {}, u'\'' + text + u"'を含む件名表示"_s};
 }
 
 } // namespace customer

@@ -1,5 +1,6 @@
 #include "customer/data/customer_index.h"
 
+#include "storage/quoted.h"
 #include "storage/recordset.h"
 #include "text/dates.h"
 
@@ -123,7 +124,7 @@ std::optional<ListFilter> filterOf(const IndexNode& node, const Settings& settin
 
 ListFilter customersWithText(const QString& text)
 {
-    return {TextCondition + text + u"%'"_s, {}, u'\'' + text + u"'を含む表示"_s};
+    return {TextCondition + storage::quoted(text) + u"%'"_s, {}, u'\'' + text + u"'を含む表示"_s};
 }
 
 ListFilter recentCustomers(const Settings& settings, QDate today)

@@ -3,6 +3,7 @@
 #include "customer/data/cascades.h"
 #include "customer/data/cases.h"
 #include "customer/data/id_issuer.h"
+#include "storage/quoted.h"
 #include "storage/recordset.h"
 #include "text/dates.h"
 
@@ -66,8 +67,8 @@ void appendOlderRecorders(CustomerFile& file, QStringList& names)
     QString name;
     storage::Recordset row;
     while (names.size() < MostRecorders) {
-        name.replace(u'\'', u"''"_s);
-        if (!row.open(NextRecorder + name + NextRecorderOrder, file.connection) || row.eof())
+        if (!row.open(NextRecorder + storage::quoted(name) + NextRecorderOrder, file.connection)
+            || row.eof())
             return;
         name = row.value(0).toText();
         if (!names.contains(name))

@@ -39,9 +39,10 @@ public:
 
 // How an engine would read a statement's rows.
 enum class Way {
-    Sorts,     // it collects them all and sorts them
-    WalksAll,  // an index gives the order, the condition is looked at on the way
-    WalksSome, // an index gives the order and leads to the rows of the condition
+    Sorts,       // it collects them all and sorts them
+    WalksGroups, // an index gives the order but for rows that are alike in the first terms
+    WalksAll,    // an index gives the order, the condition is looked at on the way
+    WalksSome,   // an index gives the order and leads to the rows of the condition
 };
 
 class Session {

@@ -22,6 +22,11 @@ struct Literal {
     Value value;
 };
 
+// A "?": the value at this place, from 0, among those that are given beside the statement.
+struct Argument {
+    int place = 0;
+};
+
 struct ColumnName {
     QString table; // empty when it was not given
     QString column;
@@ -97,8 +102,8 @@ struct Aggregate {
 
 struct Expression {
     int position = 0;
-    std::variant<Literal, ColumnName, Concatenation, Arithmetic, Negative, Comparison, Like,
-                 Between, In, IsNull, Not, Logic, Aggregate>
+    std::variant<Literal, Argument, ColumnName, Concatenation, Arithmetic, Negative, Comparison,
+                 Like, Between, In, IsNull, Not, Logic, Aggregate>
         node;
 };
 

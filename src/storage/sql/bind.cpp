@@ -9,7 +9,6 @@ using namespace Qt::StringLiterals;
 namespace storage::sql {
 namespace {
 
-using bound::Type;
 using schema::ColumnType;
 
 // Stands in for a table that is not there, so that binding can go on to its end.
@@ -17,15 +16,10 @@ const schema::Table kNoTable;
 
 constexpr qsizetype kMaxName = 64;
 
-bool holdsNumbers(ColumnType type)
-{
-    return type != ColumnType::Text && type != ColumnType::DateTime;
-}
-
 } // namespace
 
-Binder::Binder(const QString& statement, const schema::Catalog& catalog)
-    : m_statement(statement), m_catalog(catalog)
+Binder::Binder(const QString& statement, const schema::Catalog& catalog, QList<ValueType> arguments)
+    : m_statement(statement), m_catalog(catalog), m_arguments(std::move(arguments))
 {
 }
 
@@ -87,10 +81,7 @@ bound::Statement Binder::bindStatement(const ast::Insert& insert)
     if (failed())
         return result;
     if (!select.parts.empty()) {
-        for (size_t i = 0; i < result.columns.size() && select.parts.size() == 1; ++i) {
-            bound::ExpressionPtr& value = select.parts.front().outputs[i].expression;
-            value = assigned(std::move(value), result.table->columns()[result.columns[i]]);
-        }
+        fitSelected(&select, &result);
         result.source = std::move(select);
         return result;
     }
@@ -98,7 +89,7 @@ bound::Statement Binder::bindStatement(const ast::Insert& insert)
     const std::vector<bound::Source> none;
     for (const auto& value : std::get<std::vector<ast::ExpressionPtr>>(insert.source)) {
         const schema::Column& target = result.table->columns()[result.columns[values.size()]];
-        values.push_back(assigned(bindValue(*value, Scope{&none, false}), target));
+        values.push_back(assigned(bindValue(*value, Scope{&none, false}), target, none));
     }
     result.source = std::move(values);
     return result;
@@ -131,30 +122,6 @@ void Binder::insertColumns(const ast::Insert& insert, const bound::Select& selec
         fail(ErrorKind::Name, position, u"同じ列が二度書かれています。"_s);
 }
 
-// Makes a value fit the column that it is written to; the engine judges what is read from rows.
-bound::ExpressionPtr Binder::assigned(bound::ExpressionPtr value, const schema::Column& column)
-{
-    const Type type = value->type;
-    const int position = value->position;
-    if (type == Type::Null || (holdsNumbers(column.type) && isNumber(type))
-        || (column.type == ColumnType::DateTime && type == Type::DateTime)
-        || (column.type == ColumnType::Text && type == Type::Text))
-        return value;
-    if (column.type == ColumnType::Text) {
-        if (const auto* literal = std::get_if<bound::Literal>(&value->node))
-            return makeLiteral(Value(literal->value.toText()), position);
-        return std::make_unique<bound::Expression>(
-            bound::Expression{Type::Text, position, bound::AsText{std::move(value)}});
-    }
-    const bool isLiteral = std::holds_alternative<bound::Literal>(value->node);
-    const bool judgedByEngine = holdsNumbers(column.type) && type == Type::Text && !isLiteral;
-    const Type wanted = holdsNumbers(column.type) ? Type::Real : Type::DateTime;
-    if (!judgedByEngine && !convertLiteral(value.get(), wanted))
-        fail(ErrorKind::Type, position,
-             u"列"_s + quoted(column.name) + u"に入らない型の値です。"_s);
-    return value;
-}
-
 bound::Statement Binder::bindStatement(const ast::Update& update)
 {
     bound::Update result;
@@ -175,7 +142,7 @@ bound::Statement Binder::bindStatement(const ast::Update& update)
                 fail(ErrorKind::Name, assignment.column.position,
                      u"同じ列が二度書かれています。"_s);
         }
-        result.assignments.push_back({index, assigned(std::move(value), target)});
+        result.assignments.push_back({index, assigned(std::move(value), target, sources)});
     }
     if (update.where)
         result.where = bindCondition(*update.where, scope);

@@ -12,7 +12,9 @@ namespace storage::sql {
 // returned after one is thrown away.
 class Binder {
 public:
-    Binder(const QString& statement, const schema::Catalog& catalog);
+    // `arguments`: the types of the values given for each "?".
+    Binder(const QString& statement, const schema::Catalog& catalog,
+           QList<ValueType> arguments = {});
 
     std::variant<bound::Statement, Error> bind(const ast::Statement& statement);
 
@@ -37,7 +39,13 @@ private:
     bound::Statement bindStatement(const ast::DropTable& drop);
     void insertColumns(const ast::Insert& insert, const bound::Select& select,
                        bound::Insert* result);
-    bound::ExpressionPtr assigned(bound::ExpressionPtr value, const schema::Column& column);
+
+    // bind_values.cpp
+    bound::ExpressionPtr assigned(bound::ExpressionPtr value, const schema::Column& column,
+                                  const std::vector<bound::Source>& sources);
+    void fitSelected(bound::Select* select, bound::Insert* insert);
+    bool fitsAsItIs(const bound::Expression& value, const schema::Column& column,
+                    const std::vector<bound::Source>& sources);
 
     // bind_select.cpp
     bound::Select bindSelect(const ast::Select& select);
@@ -55,6 +63,7 @@ private:
     bound::ExpressionPtr bindCondition(const ast::Expression& expression, const Scope& scope);
     bound::ExpressionPtr bindAny(const ast::Expression& expression, const Scope& scope);
     bound::ExpressionPtr node(const ast::Literal& node, int position, const Scope& scope);
+    bound::ExpressionPtr node(const ast::Argument& node, int position, const Scope& scope);
     bound::ExpressionPtr node(const ast::ColumnName& node, int position, const Scope& scope);
     bound::ExpressionPtr node(const ast::Concatenation& node, int position, const Scope& scope);
     bound::ExpressionPtr node(const ast::Arithmetic& node, int position, const Scope& scope);
@@ -75,6 +84,7 @@ private:
 
     QString m_statement;
     const schema::Catalog& m_catalog;
+    QList<ValueType> m_arguments;
     std::optional<Error> m_error;
 };
 

@@ -1,6 +1,7 @@
 #include "storage/sql/bind.h"
 
 #include "storage/sql/bind_support.h"
+#include "text/collate.h"
 #include "text/dates.h"
 #include "text/fold.h"
 
@@ -58,6 +59,49 @@ FirstCharacters charactersOf(const text::LikeFirst& first)
         ranges.push_back({lo, hi});
     const FirstCharacters listed = normalized(std::move(ranges));
     return first.negated ? complement(listed) : listed;
+}
+
+// Whether a comparison in this form says that `a` comes before `b`; nothing when that is not known
+// from the values alone.
+std::optional<bool> isBefore(Form form, const Value& a, const Value& b)
+{
+    const auto isNumeric = [](const Value& value) {
+        return value.type() == ValueType::Integer || value.type() == ValueType::Real;
+    };
+    if (a.type() == ValueType::Integer && b.type() == ValueType::Integer)
+        return a.toInteger() < b.toInteger();
+    if (isNumeric(a) && isNumeric(b))
+        return a.toReal() < b.toReal();
+    if (a.type() != b.type() || a.isNull())
+        return std::nullopt;
+    if (a.type() == ValueType::DateTime)
+        return a.toText() < b.toText();
+    return form == Form::Key ? text::sortKey(a.toText()) < text::sortKey(b.toText())
+                             : text::fold(a.toText()).toUtf8() < text::fold(b.toText()).toUtf8();
+}
+
+// Bounds that are written out are put in order here, so that an index can be read between them.
+void putInOrder(bound::Between* between)
+{
+    const auto* low = std::get_if<bound::Literal>(&between->low->node);
+    const auto* high = std::get_if<bound::Literal>(&between->high->node);
+    if (!low || !high)
+        return;
+    const std::optional<bool> reversed = isBefore(between->form, high->value, low->value);
+    between->inOrder = reversed.has_value();
+    if (reversed.value_or(false))
+        std::swap(between->low, between->high);
+}
+
+bound::Like likeOf(bound::ExpressionPtr value, std::variant<QString, bound::Argument> pattern,
+                   std::optional<text::LikePrefix> prefix)
+{
+    bound::Like result{{}, std::move(pattern), std::move(prefix)};
+    if (auto* joined = std::get_if<bound::Concatenation>(&value->node))
+        result.parts = std::move(joined->parts);
+    else
+        result.parts.push_back(std::move(value));
+    return result;
 }
 
 // What several operands ask of the first character of one column.
@@ -149,6 +193,7 @@ bound::ExpressionPtr Binder::node(const ast::Between& node, int position, const 
     fitTogether(result.value.get(), result.high.get());
     if (isText(result.value) || isText(result.low))
         result.form = Form::Key;
+    putInOrder(&result);
     return makeCondition(position, std::move(result));
 }
 
@@ -168,31 +213,33 @@ bound::ExpressionPtr Binder::node(const ast::Like& node, int position, const Sco
 {
     bound::ExpressionPtr value = bindValue(*node.value, scope);
     const bound::ExpressionPtr pattern = bindValue(*node.pattern, scope);
+    const auto* argument = std::get_if<bound::Argument>(&pattern->node);
+    if (argument && isText(pattern))
+        return negatedWhen(node.negated,
+                           makeCondition(position, likeOf(std::move(value), *argument, {})));
     const auto* literal = std::get_if<bound::Literal>(&pattern->node);
     if (!literal) {
-        fail(ErrorKind::Syntax, pattern->position, u"Like の右には文字列が必要です。"_s);
+        fail(ErrorKind::Syntax, pattern->position,
+             u"Like の右には文字列か「?」の文字列が必要です。"_s);
         return makeLiteral(Value(), position);
     }
     if (literal->value.isNull())
         return makeLiteral(Value(), position);
-    bound::Like result;
-    result.pattern = literal->value.toText();
-    const text::LikePattern matcher(result.pattern);
+    const QString written = literal->value.toText();
+    const text::LikePattern matcher(written);
     if (!matcher.valid())
         fail(ErrorKind::Syntax, pattern->position, matcher.error().left(100));
+    std::optional<text::LikePrefix> prefix;
     const auto* column = std::get_if<bound::Column>(&value->node);
     if (column && isText(value)) {
         if (const auto first = matcher.firstOnly())
             return negatedWhen(
                 node.negated,
                 makeCondition(position, bound::BeginsWith{*column, charactersOf(*first)}));
-        result.prefix = matcher.prefix();
+        prefix = matcher.prefix();
     }
-    if (auto* joined = std::get_if<bound::Concatenation>(&value->node))
-        result.parts = std::move(joined->parts);
-    else
-        result.parts.push_back(std::move(value));
-    return negatedWhen(node.negated, makeCondition(position, std::move(result)));
+    return negatedWhen(node.negated,
+                       makeCondition(position, likeOf(std::move(value), written, prefix)));
 }
 
 bound::ExpressionPtr Binder::node(const ast::IsNull& node, int position, const Scope& scope)

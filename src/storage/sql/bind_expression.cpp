@@ -12,9 +12,9 @@ namespace {
 
 using bound::Type;
 
-Type typeOf(const Value& value)
+Type typeOf(ValueType type)
 {
-    switch (value.type()) {
+    switch (type) {
     case ValueType::Null:
         return Type::Null;
     case ValueType::Integer:
@@ -67,7 +67,7 @@ QString quoted(const QString& name)
 
 bound::ExpressionPtr makeLiteral(Value value, int position)
 {
-    const Type type = typeOf(value);
+    const Type type = typeOf(value.type());
     return make(type, position, bound::Literal{std::move(value)});
 }
 
@@ -113,6 +113,15 @@ bound::ExpressionPtr Binder::number(const ast::Expression& expression, const Sco
 bound::ExpressionPtr Binder::node(const ast::Literal& node, int position, const Scope& /*scope*/)
 {
     return makeLiteral(node.value, position);
+}
+
+// A Null is nothing but Null.
+bound::ExpressionPtr Binder::node(const ast::Argument& node, int position, const Scope& /*scope*/)
+{
+    const Type type = typeOf(m_arguments.value(node.place, ValueType::Null));
+    if (type == Type::Null)
+        return makeLiteral(Value(), position);
+    return make(type, position, bound::Argument{node.place});
 }
 
 bound::ExpressionPtr Binder::node(const ast::ColumnName& node, int position, const Scope& scope)

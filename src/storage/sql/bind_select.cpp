@@ -250,7 +250,7 @@ void Binder::unify(bound::Select* select, const ast::Select& written)
     bound::SelectPart& first = select->parts.front();
     for (size_t i = 0; i < select->parts.size(); ++i) {
         bound::SelectPart& part = select->parts[i];
-        if (dropsRepeats)
+        if (dropsRepeats && !part.top)
             part.distinct = false;
         if (part.outputs.size() != first.outputs.size()) {
             fail(ErrorKind::Syntax, written.parts[i].items.front().position,

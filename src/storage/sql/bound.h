@@ -22,6 +22,11 @@ struct Literal {
     Value value;
 };
 
+// A value that is given when the statement is run; its type is known, and it is not Null.
+struct Argument {
+    int place = 0;
+};
+
 struct Column {
     qsizetype source = 0; // place among the sources of the SELECT
     int index = 0;        // place in the table
@@ -32,9 +37,10 @@ struct Concatenation {
     std::vector<ExpressionPtr> parts;
 };
 
-// The value as text, Null as Null.
-struct AsText {
+// The value as the column keeps it; one that it cannot keep makes the statement fail.
+struct Fitted {
     ExpressionPtr operand;
+    const schema::Column* column = nullptr;
 };
 
 struct Arithmetic {
@@ -56,12 +62,14 @@ struct Comparison {
     ExpressionPtr right;
 };
 
+// The value lies between the two bounds, whichever of them is the lower one.
 struct Between {
     Form form = Form::Plain;
     ExpressionPtr value;
     ExpressionPtr low;
     ExpressionPtr high;
     bool negated = false;
+    bool inOrder = false; // low is known to be the lower one
 };
 
 struct In {
@@ -73,7 +81,7 @@ struct In {
 
 struct Like {
     std::vector<ExpressionPtr> parts;
-    QString pattern;
+    std::variant<QString, Argument> pattern;
     // What a text column must begin with to match, for the sake of its index.
     std::optional<text::LikePrefix> prefix;
 };
@@ -106,8 +114,8 @@ struct Aggregate {
 struct Expression {
     Type type = Type::Null;
     int position = 0;
-    std::variant<Literal, Column, Concatenation, AsText, Arithmetic, Negative, Comparison, Between,
-                 In, Like, BeginsWith, IsNull, Not, Logic, Aggregate>
+    std::variant<Literal, Argument, Column, Concatenation, Fitted, Arithmetic, Negative, Comparison,
+                 Between, In, Like, BeginsWith, IsNull, Not, Logic, Aggregate>
         node;
 };
 
@@ -161,6 +169,8 @@ struct Insert {
     const schema::Table* table = nullptr;
     std::vector<int> columns;
     std::variant<std::vector<ExpressionPtr>, Select> source;
+    // For a Select, by column: its values are brought to the column's type on their way.
+    std::vector<bool> fitted;
 };
 
 struct Assignment {

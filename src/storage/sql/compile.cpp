@@ -43,20 +43,30 @@ Compiled compiled(Change&& change, const schema::Catalog& /*catalog*/, const Dia
     return result;
 }
 
+Error wrongNumber(const QString& statement, const std::vector<int>& wanted, qsizetype given)
+{
+    return {ErrorKind::State,
+            u"文の「?」は "_s + QString::number(wanted.size()) + u" 個で、値は "_s
+                + QString::number(given) + u" 個です。"_s,
+            wanted.empty() ? 0 : wanted.front(), statement};
+}
+
 } // namespace
 
 std::variant<Compiled, Error> compile(const QString& statement, const schema::Catalog& catalog,
-                                      const Dialect& dialect)
+                                      const Dialect& dialect, const QList<ValueType>& arguments)
 {
-    auto parsed = Parser(statement).parse();
+    Parser parser(statement);
+    auto parsed = parser.parse();
     if (auto* error = std::get_if<Error>(&parsed))
         return std::move(*error);
-    auto bound = Binder(statement, catalog).bind(std::get<ast::Statement>(parsed));
+    if (parser.arguments().size() != static_cast<size_t>(arguments.size()))
+        return wrongNumber(statement, parser.arguments(), arguments.size());
+    auto bound = Binder(statement, catalog, arguments).bind(std::get<ast::Statement>(parsed));
     if (auto* error = std::get_if<Error>(&bound))
         return std::move(*error);
-    return std::visit(
-        [&](auto& each) { return compiled(std::move(each), catalog, dialect); },
-        std::get<bound::Statement>(bound));
+    return std::visit([&](auto& each) { return compiled(std::move(each), catalog, dialect); },
+                      std::get<bound::Statement>(bound));
 }
 
 Emitted window(const Compiled& rows, qint64 limit, qint64 offset, const Dialect& dialect)

@@ -19,8 +19,24 @@ namespace bound {
 struct Select;
 }
 
-// What stands for a parameter: a value, or the bytes of a sort key (bound as a blob).
-using Parameter = std::variant<Value, QByteArray>;
+// What becomes of a value that is given for a "?" on its way to the engine.
+enum class SlotForm {
+    Plain,
+    Folded,  // its folded text, as literals are folded in the program
+    Pattern, // a Like pattern, looked at before it is used
+    Fitted   // brought to the type of the column that it is written to
+};
+
+// The place of a value that is given when the statement is run.
+struct Slot {
+    int argument = 0; // its "?", from 0
+    SlotForm form = SlotForm::Plain;
+    schema::Column column; // for Fitted
+};
+
+// What stands for a parameter: a value, the bytes of a sort key (bound as a blob), or a value that
+// fill() puts there before the statement reaches the engine.
+using Parameter = std::variant<Value, QByteArray, Slot>;
 
 // A statement in the engine's own language with its parameters, the first being number 1.
 struct Emitted {
@@ -45,6 +61,7 @@ struct Compiled {
     // For rows: what they were emitted from, with the tables that it speaks of (see finding.h).
     std::shared_ptr<const bound::Select> select;
     schema::Catalog tables;
+    QList<Value> arguments; // the values that fill() has put in their places
     QList<ResultColumn> columns;
     // For rows that come from one table without grouping or union: that table's canonical name. The
     // emitted statement then carries the row's address as one more column after `columns`.
@@ -54,8 +71,17 @@ struct Compiled {
 };
 
 // Compiles one statement. A trailing semicolon is allowed; a second statement is refused.
+// `arguments` are the types of the values that will be given for each "?"; State when they are not
+// as many as the statement asks for.
 std::variant<Compiled, Error> compile(const QString& statement, const schema::Catalog& catalog,
-                                      const Dialect& dialect);
+                                      const Dialect& dialect,
+                                      const QList<ValueType>& arguments = {});
+
+// Puts the values, of the types compiled for, in the places kept for them. Fails with Type when one
+// does not fit the column that it is written to, with Syntax when it is no Like pattern.
+std::optional<Error> fill(Compiled* compiled, const QList<Value>& arguments);
+// The same for parameters alone.
+std::optional<Error> fill(QList<Parameter>* parameters, const QList<Value>& arguments);
 
 // The rows, but only `limit` of them from the `offset`th (from 0) on.
 Emitted window(const Compiled& rows, qint64 limit, qint64 offset, const Dialect& dialect);

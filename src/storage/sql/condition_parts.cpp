@@ -64,13 +64,14 @@ private:
             look(*each);
     }
     void look(const bound::Literal&) {}
+    void look(const bound::Argument&) {}
     void look(const bound::Column& column)
     {
         if (!m_found.contains(column.source))
             m_found.append(column.source);
     }
     void look(const bound::Concatenation& node) { look(node.parts); }
-    void look(const bound::AsText& node) { look(node.operand); }
+    void look(const bound::Fitted& node) { look(node.operand); }
     void look(const bound::Arithmetic& node)
     {
         for (const bound::Arithmetic::Term& term : node.terms)

@@ -28,6 +28,15 @@ public:
     virtual QString like(const QStringList& parts, const QString& pattern) const = 0;
     // Texts joined, Null as empty text.
     virtual QString join(const QStringList& parts) const = 0;
+    // The condition that `tested` lies between two bounds, whichever is the lower one; Null when a
+    // bound is Null.
+    virtual QString between(const QString& tested, const QString& bound,
+                            const QString& other) const = 0;
+    // The value as the column keeps it (column_value.h). Where it cannot be kept the statement
+    // fails with Type, as misfitMessage() says it; the row is called by `rowLabel` and the number
+    // `row`, or not at all when both are empty.
+    virtual QString fitted(const QString& expression, const schema::Column& column,
+                           const QString& rowLabel, const QString& row) const = 0;
     // The later of `written` and one millisecond after `old`, both date-time texts.
     virtual QString nextStamp(const QString& old, const QString& written) const = 0;
     // The address of a row of the table (or of its alias in a statement).

@@ -7,18 +7,40 @@ using namespace Qt::StringLiterals;
 namespace storage::sql {
 namespace {
 
-// The names of a result's columns inside a statement of ours.
-QString numberedColumn(size_t index)
-{
-    return u"c"_s + QString::number(index + 1);
-}
-
 // Repeats are dropped before the rows are ordered, and the order is that of keys made from what is
 // left; engines want that said in two steps.
 bool isWrapped(const bound::Select& select)
 {
     return !select.order.empty() && !select.parts.front().aggregated
         && (select.parts.size() > 1 || select.parts.front().distinct);
+}
+
+// Whether the condition asks for one value of the column that the term orders by: it then orders
+// nothing, and stands in the way of an index that orders the rest. (What folds alike sorts alike.)
+bool isFixed(const bound::OrderTerm& term, const bound::Select& select)
+{
+    const bound::SelectPart& part = select.parts.front();
+    if (select.parts.size() > 1 || !part.where)
+        return false;
+    const bound::Expression& ordered =
+        term.output ? *part.outputs[*term.output].expression : *term.expression;
+    const auto* column = std::get_if<bound::Column>(&ordered.node);
+    const auto fixes = [column](const bound::Expression& condition) {
+        const auto* comparison = std::get_if<bound::Comparison>(&condition.node);
+        if (!comparison || comparison->kind != ast::ComparisonKind::Equal)
+            return false;
+        const auto* asked = std::get_if<bound::Column>(&comparison->left->node);
+        return asked && *asked == *column
+            && std::holds_alternative<bound::Literal>(comparison->right->node);
+    };
+    if (!column)
+        return false;
+    const auto* logic = std::get_if<bound::Logic>(&part.where->node);
+    if (logic && logic->kind == ast::LogicKind::And)
+        return std::ranges::any_of(logic->operands, [&fixes](const bound::ExpressionPtr& operand) {
+            return fixes(*operand);
+        });
+    return fixes(*part.where);
 }
 
 bool isText(schema::ColumnType type)
@@ -28,9 +50,23 @@ bool isText(schema::ColumnType type)
 
 } // namespace
 
+// The names of a result's columns inside a statement of ours.
+QString Emitter::numberedColumn(size_t index)
+{
+    return u"c"_s + QString::number(index + 1);
+}
+
 Emitted Emitter::finished(QString text)
 {
-    return Emitted{std::move(text), std::move(m_parameters)};
+    return Emitted{std::move(text), takeParameters()};
+}
+
+QList<Parameter> Emitter::takeParameters()
+{
+    QList<Parameter> taken = std::exchange(m_parameters, {});
+    if (!m_arguments.isEmpty())
+        fill(&taken, m_arguments);
+    return taken;
 }
 
 Emitted Emitter::rows(const bound::Select& select, bool withAddress)
@@ -46,33 +82,40 @@ Emitted Emitter::count(const bound::Select& select)
         return finished(u"SELECT count(*)"_s + fromWhere(first));
     }
     QString rows = parts(select, false, false);
-    if (first.top)
+    if (first.top && select.parts.size() == 1)
         rows += u' ' + m_dialect.window(*first.top, 0);
     return finished(u"SELECT count(*) FROM ("_s + rows + u") AS _rows"_s);
 }
 
-QString Emitter::select(const bound::Select& select, bool withAddress)
+// `numbered`: the columns get names by which they can be given from outside.
+QString Emitter::select(const bound::Select& select, bool withAddress, bool numbered)
 {
     const bool wrapped = isWrapped(select);
-    QString text = parts(select, wrapped, withAddress);
+    QString text = parts(select, wrapped || numbered, withAddress);
     if (wrapped)
         text = u"SELECT * FROM ("_s + text + u") AS _rows"_s;
     m_sources = &select.parts.front().sources;
     text += order(select, wrapped);
     // A limit of its own must not meet the one that a page puts behind the statement.
-    if (const auto& top = select.parts.front().top)
-        text = u"SELECT * FROM ("_s + text + u' ' + m_dialect.window(*top, 0) + u") AS _top"_s;
+    if (const auto& top = select.parts.front().top; top && select.parts.size() == 1)
+        return limited(text, *top);
     return text;
 }
 
-// `numbered`: the columns get names by which the order can be given from outside.
+QString Emitter::limited(const QString& rows, qint64 top) const
+{
+    return u"SELECT * FROM ("_s + rows + u' ' + m_dialect.window(top, 0) + u") AS _top"_s;
+}
+
 QString Emitter::parts(const bound::Select& select, bool numbered, bool withAddress)
 {
     QString text;
     for (const bound::SelectPart& each : select.parts) {
         if (!text.isEmpty())
             text += each.unionAll ? u" UNION ALL "_s : u" UNION "_s;
-        text += part(each, numbered, withAddress);
+        // In a union each part counts by itself; the order is that of the whole.
+        const QString rows = part(each, numbered, withAddress);
+        text += each.top && select.parts.size() > 1 ? limited(rows, *each.top) : rows;
     }
     return text;
 }
@@ -151,6 +194,8 @@ QString Emitter::order(const bound::Select& select, bool numbered, bool bySortin
         return QString();
     QStringList terms;
     for (const bound::OrderTerm& term : select.order) {
+        if (isFixed(term, select))
+            continue;
         QString text;
         if (term.output && numbered) {
             const QString name = m_dialect.name(numberedColumn(*term.output));

@@ -11,7 +11,12 @@ namespace storage::sql {
 // quoted and, where there are several tables, qualified.
 class Emitter {
 public:
-    explicit Emitter(const Dialect& dialect) : m_dialect(dialect) {}
+    // `arguments`: the values for each "?", where they are known already (they have been through
+    // fill() once); without them their places are kept.
+    explicit Emitter(const Dialect& dialect, QList<Value> arguments = {})
+        : m_dialect(dialect), m_arguments(std::move(arguments))
+    {
+    }
 
     // The rows; `withAddress` adds the row's address as one more column.
     Emitted rows(const bound::Select& select, bool withAddress);
@@ -30,14 +35,19 @@ private:
     using Columns = std::vector<bound::Source>;
 
     // emit.cpp
-    QString select(const bound::Select& select, bool withAddress);
+    QString select(const bound::Select& select, bool withAddress, bool numbered = false);
     QString parts(const bound::Select& select, bool numbered, bool withAddress);
     QString part(const bound::SelectPart& part, bool numbered, bool withAddress);
+    QString limited(const QString& rows, qint64 top) const;
+    static QString numberedColumn(size_t index);
     QStringList outputs(const bound::SelectPart& part, bool numbered);
     QString fromWhere(const bound::SelectPart& part, const QString& more = QString());
     QString from(const bound::From& from);
     QString term(const bound::FromTerm& term);
     QString order(const bound::Select& select, bool numbered, bool bySorting = false);
+
+    // emit_change.cpp
+    QString fittedRows(const bound::Insert& insert, const bound::Select& source);
 
     // emit_finding.cpp
     QString addresses(const bound::SelectPart& part);
@@ -59,9 +69,10 @@ private:
     QString range(const QString& expression, CodePointRange characters);
     QString column(const bound::Column& column);
     QString node(const bound::Literal& node);
+    QString node(const bound::Argument& node);
     QString node(const bound::Column& node);
     QString node(const bound::Concatenation& node);
-    QString node(const bound::AsText& node);
+    QString node(const bound::Fitted& node);
     QString node(const bound::Arithmetic& node);
     QString node(const bound::Negative& node);
     QString node(const bound::Comparison& node);
@@ -75,13 +86,17 @@ private:
     QString node(const bound::Aggregate& node);
 
     Emitted finished(QString text);
+    QList<Parameter> takeParameters();
 
     const Dialect& m_dialect;
+    QList<Value> m_arguments;
     QList<Parameter> m_parameters;
     const Columns* m_sources = nullptr;        // what columns stand for now
     const bound::SelectPart* m_part = nullptr; // whose outputs are being written
-    bool m_rowsNeeded = false;                 // by an output of m_part
-    bool m_unindexed = false;                  // no index may be read for a column
+    QString m_rowLabel; // what the row being written is called, and its number
+    QString m_row;
+    bool m_rowsNeeded = false; // by an output of m_part
+    bool m_unindexed = false;  // no index may be read for a column
 };
 
 } // namespace storage::sql

@@ -1,5 +1,7 @@
 #include "storage/sql/emit.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace storage::sql {
@@ -7,6 +9,9 @@ namespace {
 
 // Two writes of a row are told apart by it, so a new one must be later than the one it replaces.
 const QString kStamp = u"更新日時"_s;
+
+// What a row that has no key is called in a message, before its number.
+const QString kSelectedRow = u"行"_s;
 
 QString assignment(const QString& column, const QString& value, const Dialect& dialect)
 {
@@ -58,15 +63,35 @@ Emitted Emitter::change(const bound::Insert& insert)
         columns.append(m_dialect.name(insert.table->columns()[index].name));
     const QString head = insertInto(insert.table->name(), columns, m_dialect);
     if (const auto* source = std::get_if<bound::Select>(&insert.source))
-        return finished(head + select(*source, false));
+        return finished(head + fittedRows(insert, *source));
     const auto& written = std::get<std::vector<bound::ExpressionPtr>>(insert.source);
     return finished(head + u"VALUES ("_s + values(written).join(u", "_s) + u')');
+}
+
+// The SELECT's rows with their values brought to the columns' types, where they are not already.
+QString Emitter::fittedRows(const bound::Insert& insert, const bound::Select& source)
+{
+    if (std::ranges::find(insert.fitted, true) == insert.fitted.end())
+        return select(source, false);
+    QStringList values;
+    for (size_t i = 0; i < insert.columns.size(); ++i) {
+        const QString value = m_dialect.name(numberedColumn(i));
+        const schema::Column& column = insert.table->columns()[insert.columns[i]];
+        values.append(insert.fitted[i]
+                          ? m_dialect.fitted(value, column, kSelectedRow, u"row_number() OVER ()"_s)
+                          : value);
+    }
+    return u"SELECT "_s + values.join(u", "_s) + u" FROM ("_s + select(source, false, true)
+        + u") AS _rows"_s;
 }
 
 Emitted Emitter::change(const bound::Update& update)
 {
     const Columns sources{update.source};
     m_sources = &sources;
+    const schema::Table& table = *update.source.table;
+    m_rowLabel = table.keyColumn().isEmpty() ? kSelectedRow : table.keyColumn();
+    m_row = m_dialect.rowAddress(table, QString());
     QStringList assignments;
     for (const bound::Assignment& each : update.assignments) {
         const QString column = update.source.table->columns()[each.column].name;

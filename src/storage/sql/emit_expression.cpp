@@ -65,6 +65,9 @@ QString Emitter::folded(const bound::Expression& expression)
     const Value* literal = literalIn(expression);
     if (literal && literal->type() == ValueType::Text)
         return parameter(Value(text::fold(literal->toText())));
+    const auto* argument = std::get_if<bound::Argument>(&expression.node);
+    if (argument && expression.type == bound::Type::Text)
+        return parameter(Slot{argument->place, SlotForm::Folded, {}});
     return m_dialect.fold(value(expression));
 }
 
@@ -129,6 +132,11 @@ QString Emitter::node(const bound::Literal& node)
     return node.value.isNull() ? u"NULL"_s : parameter(node.value);
 }
 
+QString Emitter::node(const bound::Argument& node)
+{
+    return parameter(Slot{node.place, SlotForm::Plain, {}});
+}
+
 QString Emitter::node(const bound::Column& node)
 {
     return column(node);
@@ -139,11 +147,11 @@ QString Emitter::node(const bound::Concatenation& node)
     return m_dialect.join(values(node.parts));
 }
 
-QString Emitter::node(const bound::AsText& node)
+QString Emitter::node(const bound::Fitted& node)
 {
-    const QString operand = value(*node.operand);
-    return u"CASE WHEN "_s + operand + u" IS NULL THEN NULL ELSE "_s + m_dialect.join({operand})
-        + u" END"_s;
+    if (const auto* argument = std::get_if<bound::Argument>(&node.operand->node))
+        return parameter(Slot{argument->place, SlotForm::Fitted, *node.column});
+    return m_dialect.fitted(value(*node.operand), *node.column, m_rowLabel, m_row);
 }
 
 QString Emitter::node(const bound::Arithmetic& node)
@@ -173,8 +181,12 @@ QString Emitter::node(const bound::Between& node)
 {
     const QString tested = inForm(node.form, *node.value);
     const QString low = inForm(node.form, *node.low);
-    return u'(' + tested + notWhen(node.negated) + u" BETWEEN "_s + low + u" AND "_s
-        + inForm(node.form, *node.high) + u')';
+    const QString high = inForm(node.form, *node.high);
+    if (node.inOrder)
+        return u'(' + tested + notWhen(node.negated) + u" BETWEEN "_s + low + u" AND "_s + high
+            + u')';
+    const QString condition = u'(' + m_dialect.between(tested, low, high) + u')';
+    return node.negated ? u"(NOT "_s + condition + u')' : condition;
 }
 
 QString Emitter::node(const bound::In& node)
@@ -189,8 +201,11 @@ QString Emitter::node(const bound::In& node)
 QString Emitter::node(const bound::Like& node)
 {
     const QStringList parts = values(node.parts);
+    if (const auto* argument = std::get_if<bound::Argument>(&node.pattern))
+        return m_dialect.like(parts, parameter(Slot{argument->place, SlotForm::Pattern, {}}));
+    const auto& pattern = std::get<QString>(node.pattern);
     if (!node.prefix)
-        return m_dialect.like(parts, parameter(Value(node.pattern)));
+        return m_dialect.like(parts, parameter(Value(pattern)));
     const QString tested = m_dialect.fold(parts.front());
     const text::LikePrefix& prefix = *node.prefix;
     if (prefix.whole)
@@ -198,8 +213,7 @@ QString Emitter::node(const bound::Like& node)
     const text::FoldRange bounds = prefix.literal.isEmpty() ? text::foldRange(prefix.lo, prefix.hi)
                                                             : text::foldRange(prefix.literal);
     const QString begins = range(tested, bounds);
-    return u'(' + begins + u" AND "_s + m_dialect.like(parts, parameter(Value(node.pattern)))
-        + u')';
+    return u'(' + begins + u" AND "_s + m_dialect.like(parts, parameter(Value(pattern))) + u')';
 }
 
 // Besides the ranges themselves come one range over them all and, over the sort key, one that holds
@@ -214,6 +228,8 @@ QString Emitter::node(const bound::BeginsWith& node)
     for (const CodePointRange& each : node.characters)
         ranges.append(range(tested, each));
     QString text = ranges.size() == 1 ? ranges.front() : u'(' + ranges.join(u" OR "_s) + u')';
+    if (m_unindexed)
+        return u'(' + text + u')';
     const char32_t first = node.characters.front().first;
     const char32_t last = node.characters.back().last;
     if (ranges.size() > 1)

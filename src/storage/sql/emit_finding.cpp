@@ -131,7 +131,7 @@ void Emitter::emitReading(const bound::SelectPart& part, Finding* result)
     }
     result->readHead = u"SELECT _at.column1, "_s + columns.join(u", "_s) + u" FROM (VALUES "_s;
     result->readTail = u") AS _at"_s + joined + m_dialect.inListOrder();
-    result->readParameters = std::exchange(m_parameters, {});
+    result->readParameters = takeParameters();
 }
 
 void Emitter::emitFilter(const bound::SelectPart& part, Finding* result)
@@ -163,8 +163,6 @@ void Emitter::emitWholeTable(const bound::Select& select, Finding* result)
     text += u" WHERE "_s + address + u" > "_s + parameter(Value(0));
     text += u" AND "_s + address + u" <= "_s + parameter(Value(0)) + u" ORDER BY "_s + address;
     result->stretch = finished(text);
-    m_sources = &part.sources;
-    result->lastAddress = finished(u"SELECT max("_s + address + u')' + fromWhere(part));
 }
 
 // The rows in order and without: each text has its parameters for itself.
@@ -176,6 +174,12 @@ void Emitter::emitWays(const bound::Select& select, Finding* result)
     result->onTheWay = finished(found + u" FROM "_s + from(*part.from) + unindexedWhere(part)
                                 + order(select, false));
     result->asTheyLie = finished(found + fromWhere(part));
+    QStringList columns = outputs(part, false);
+    if (part.sources.size() == 1)
+        columns += m_dialect.rowAddress(*part.sources.front().table, QString());
+    result->rowsOnTheWay =
+        finished(u"SELECT "_s + columns.join(u", "_s) + u" FROM "_s + from(*part.from)
+                 + unindexedWhere(part) + order(select, false));
     emitFilter(part, result);
 }
 
@@ -191,6 +195,8 @@ void Emitter::emitListed(const bound::Select& select, Finding* result)
     // Bound last, when all other values have their numbers.
     const QString list = parameter(Value());
     result->listed = finished(rows + m_dialect.isAmong(address, list) + sorting);
+    result->lastAddress =
+        finished(u"SELECT max("_s + address + u") FROM "_s + term(result->listedSource));
 }
 
 Finding Emitter::finding(const bound::Select& select, const bound::Select* ownedBy)
@@ -211,9 +217,7 @@ Finding Emitter::finding(const bound::Select& select, const bound::Select* owned
     result.unfiltered = finished(all + u" FROM "_s + from(*part.from) + order(select, false));
     emitReading(part, &result);
     emitWholeTable(select, &result);
-    const bool byIndex = part.sources.size() == 1 && !part.where
-        && std::ranges::none_of(select.order, &bound::OrderTerm::descending);
-    result.firstInOneStep = !ownedBy && (byIndex || (part.where && isOfOneRecord(*part.where)));
+    result.ofOneRecord = !ownedBy && part.where && isOfOneRecord(*part.where);
     return result;
 }
 
@@ -226,10 +230,11 @@ std::optional<Finding> finding(const Compiled& rows, const Dialect& dialect)
     if (select.parts.size() == 1 && !part.distinct) {
         if (part.aggregated || part.top || !part.from)
             return std::nullopt;
-        return Emitter(dialect).finding(select, nullptr);
+        return Emitter(dialect, rows.arguments).finding(select, nullptr);
     }
     const std::optional<bound::Select> own = ownRows(select);
-    return own ? std::optional(Emitter(dialect).finding(*own, &select)) : std::nullopt;
+    return own ? std::optional(Emitter(dialect, rows.arguments).finding(*own, &select))
+               : std::nullopt;
 }
 
 Emitted readAt(const Finding& finding, const qint64* addresses, qsizetype count,

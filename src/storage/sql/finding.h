@@ -25,8 +25,9 @@ struct Finding {
 
     // The addresses of the rows in order; empty when they cannot be had so (a union, DISTINCT).
     Emitted inOrder;
-    Emitted onTheWay;  // the same, but no index is read for the condition
-    Emitted asTheyLie; // the same without order
+    Emitted onTheWay;     // the same, but no index is read for the condition
+    Emitted rowsOnTheWay; // the rows themselves, found so
+    Emitted asTheyLie;    // the addresses without order
     // In order, but only rows whose address in the source `listedSource` is in the list that takes
     // the place of the last parameter; no index is read for condition or order.
     Emitted listed;
@@ -35,18 +36,17 @@ struct Finding {
     Emitted unfiltered;
     std::optional<Filter> filter;
 
+    Emitted lastAddress; // the largest address in the source `listedSource`
+
     bool ordered = false;
     bool filtered = false;
     bool searches = false; // a text is looked for inside others, or there are repeats to be dropped
     // All rows of one table, without condition or order.
     bool wholeTable = false;
-    // The first rows are had as soon from the statement itself: an index gives its order, or they
-    // are those of one record.
-    bool firstInOneStep = false;
+    bool ofOneRecord = false; // they are found by its number and mark: few
     // Only for a whole table: its rows with their address, those with an address above the last
     // parameter but one, up to the last parameter, in the order of the address.
     Emitted stretch;
-    Emitted lastAddress; // the largest address
 
     // What stands before and behind the addresses in a statement that reads rows by them.
     QString readHead;

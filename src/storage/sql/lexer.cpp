@@ -9,9 +9,9 @@ namespace storage::sql {
 namespace {
 
 // Longer signs stand before those that they begin with.
-constexpr std::array<QStringView, 20> kSigns{u"<>", u"<=", u">=", u"!=", u"<", u">", u"=",
+constexpr std::array<QStringView, 21> kSigns{u"<>", u"<=", u">=", u"!=", u"<", u">", u"=",
                                              u"(",  u")",  u"{",  u"}",  u",", u".", u";",
-                                             u"*",  u"/",  u"+",  u"-",  u"&", u"^"};
+                                             u"*",  u"/",  u"+",  u"-",  u"&", u"^", u"?"};
 
 bool isDigit(QChar c)
 {

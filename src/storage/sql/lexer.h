@@ -14,6 +14,8 @@ public:
 
     // The next token; End (again and again) at the end, Bad where nothing can be made of the text.
     Token next();
+    // Reads on from an offset inside the name that was read last, as if the name ended there.
+    void splitName(int offset) { m_offset = offset; }
 
 private:
     Token make(TokenKind kind, qsizetype start, QString text) const;

@@ -163,7 +163,14 @@ ast::ExpressionPtr Parser::primary()
     }
     if (atName())
         return nameOrCall();
-    return literal();
+    return atSign(u"?") ? argument() : literal();
+}
+
+ast::ExpressionPtr Parser::argument()
+{
+    const int position = advance().position;
+    m_arguments.push_back(position);
+    return make(position, ast::Argument{static_cast<int>(m_arguments.size()) - 1});
 }
 
 ast::ExpressionPtr Parser::literal()

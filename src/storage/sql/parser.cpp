@@ -8,6 +8,7 @@ namespace storage::sql {
 namespace {
 
 constexpr int kMaxDepth = 100;
+constexpr QStringView kOrder = u"order";
 constexpr qsizetype kShownLength = 30; // of a token, in a message
 
 // Words that end a name list or an expression; as names they need brackets.
@@ -170,8 +171,21 @@ ast::TableName Parser::tableName()
     return table;
 }
 
+// A table's name that touches the ORDER behind it: no name can stand before BY, so what ends in
+// ORDER there is two words.
+void Parser::splitOrderFromName()
+{
+    if (m_token.kind != TokenKind::Name || m_token.text.size() <= kOrder.size()
+        || !m_token.text.endsWith(kOrder, Qt::CaseInsensitive) || !ahead().first.isKeyword(u"by"))
+        return;
+    m_token.text.chop(kOrder.size());
+    m_token.end -= static_cast<int>(kOrder.size());
+    m_lexer.splitName(m_token.end);
+}
+
 ast::TableName Parser::aliasedTableName()
 {
+    splitOrderFromName();
     ast::TableName table = tableName();
     if (acceptKeyword(u"as") || atName())
         table.alias = name(u"表の別名"_s);

@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <variant>
+#include <vector>
 
 namespace storage::sql {
 
@@ -17,6 +18,8 @@ public:
     explicit Parser(const QString& statement);
 
     std::variant<ast::Statement, Error> parse();
+    // Where each "?" of the statement stands, once it is parsed.
+    const std::vector<int>& arguments() const { return m_arguments; }
 
 private:
     // Tokens
@@ -45,6 +48,7 @@ private:
     ast::Name positionedName(const QString& what);
     ast::TableName tableName();
     ast::TableName aliasedTableName();
+    void splitOrderFromName();
 
     // parse_expression.cpp, from the weakest operator to the strongest
     ast::ExpressionPtr condition();
@@ -57,6 +61,7 @@ private:
     ast::ExpressionPtr product();
     ast::ExpressionPtr signedPrimary();
     ast::ExpressionPtr primary();
+    ast::ExpressionPtr argument();
     ast::ExpressionPtr literal();
     ast::ExpressionPtr nameOrCall();
     std::vector<ast::ExpressionPtr> valueList();
@@ -90,6 +95,7 @@ private:
     Token m_token;
     std::optional<Error> m_error;
     int m_depth = 0;
+    std::vector<int> m_arguments;
 };
 
 class Parser::Nesting {

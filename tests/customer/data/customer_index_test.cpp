@@ -164,10 +164,24 @@ TEST_F(CustomerIndexTest, StoredSearchesSearchAllTexts)
     EXPECT_EQ(customer::customersWithText(u"03"_s).caption, u"'03'を含む表示");
 }
 
-TEST_F(CustomerIndexTest, ATextThatTheEngineRefusesIsTold)
+TEST_F(CustomerIndexTest, AQuoteIsACharacterLikeAnyOther)
 {
     addNamed(u"O'Hara"_s, u"ｵﾊﾗ"_s);
-    const auto list = openCustomerList(file, customer::customersWithText(u"O'H"_s), {}, {});
+    addNamed(u"''"_s, u"ﾅｼ"_s);
+    addNamed(u"OHara"_s, u"ｵﾊﾗ"_s);
+    const struct {
+        QString text;
+        qint64 found;
+    } cases[] = {{u"o'h"_s, 1}, {u"'"_s, 2}, {u"''"_s, 1}, {u"' or '%"_s, 0}, {u"'_a"_s, 1}};
+    for (const auto& each : cases) {
+        const auto list = openCustomerList(file, customer::customersWithText(each.text), {}, {});
+        EXPECT_EQ(list->total(), each.found) << each.text.toStdString();
+    }
+}
+
+TEST_F(CustomerIndexTest, ATextThatTheEngineRefusesIsTold)
+{
+    const auto list = openCustomerList(file, customer::customersWithText(u"[ｱ"_s), {}, {});
     EXPECT_TRUE(messages.takeText().startsWith(u"データを読めませんでした。\r\n"));
     EXPECT_FALSE(list->isReadable());
     EXPECT_EQ(list->count(), 0);

@@ -142,7 +142,7 @@ TEST_F(ListTest, CaseFilters)
     addCaseOf(first, u"修繕"_s);
     customer::KeptCase planned = addCaseOf(second, u"点検"_s);
     planned.fields.planned = QDate(2024, 5, 1);
-    planned.fields.notes = u"50%引き"_s;
+    planned.fields.notes = u"'50%引き'"_s;
     EXPECT_EQ(changeCase(file, planned.key, planned.fields), core::SaveResult::Saved);
     clock.set(QDate(2024, 5, 1));
     customer::KeptCase done = addCaseOf(second, u"納入"_s);
@@ -166,6 +166,7 @@ TEST_F(ListTest, CaseFilters)
         {customer::casesWithText(u"郎修"_s),
          u"'郎修'を含む件名表示"_s,
          {u"修繕"_s}}, // across fields
+        {customer::casesWithText(u"き'"_s), u"'き''を含む件名表示"_s, {u"点検"_s}},
     };
     for (const auto& each : expected) {
         EXPECT_EQ(each.filter.caption, each.caption);

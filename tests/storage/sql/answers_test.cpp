@@ -1,4 +1,6 @@
+#include "storage/engine/engine.h"
 #include "storage/scratch_file.h"
+#include "storage/sql/compile.h"
 #include "storage/transaction.h"
 #include "text/like.h"
 
@@ -112,6 +114,91 @@ TEST_F(Answers, RepeatsAreGoneBeforeTheRowsAreOrdered)
     EXPECT_EQ(top.recordCount(), 3);
     EXPECT_TRUE(top.setAbsolutePage(2));
     EXPECT_EQ(top.value(0), Value(4));
+}
+
+TEST_F(Answers, TopCountsForItsOwnPartOfAUnion)
+{
+    addAll({u"ｲ"_s, u"あ"_s, u"う"_s, u"ｲ"_s});
+    const struct {
+        QString statement;
+        QString expected;
+    } cases[] = {
+        {u"SELECT TOP 1 番号 FROM 品目 UNION ALL SELECT 番号 FROM 品目 ORDER BY 番号"_s,
+         u"1 1 2 3 4"_s},
+        {u"SELECT 番号 FROM 品目 UNION ALL SELECT TOP 2 番号 FROM 品目 ORDER BY 番号 DESC"_s,
+         u"4 3 2 2 1 1"_s},
+        {u"SELECT TOP 1 名称 FROM 品目 UNION SELECT TOP 1 内容 FROM 控え ORDER BY 名称"_s,
+         u"ｲ 最初"_s},
+        {u"SELECT 内容 FROM 控え UNION SELECT DISTINCT TOP 3 名称 FROM 品目 ORDER BY 内容 DESC"_s,
+         u"最初 う ｲ あ"_s},
+        {u"SELECT TOP 0 名称 FROM 品目 UNION SELECT TOP 1 max(名称) FROM 品目"_s, u"う"_s},
+    };
+    for (const auto& each : cases) {
+        const QStringList found = rows(each.statement);
+        EXPECT_EQ(found.join(u' '), each.expected) << each.statement.toStdString();
+        Recordset counted;
+        ASSERT_TRUE(counted.open(each.statement, connection));
+        EXPECT_EQ(counted.recordCount(), found.size()) << each.statement.toStdString();
+    }
+}
+
+TEST_F(Answers, BetweenTakesItsBoundsInEitherOrder)
+{
+    addAll({u"か"_s, u"ｷ"_s, u"ガ"_s, u"さ"_s});
+    execute(u"UPDATE 品目 SET 数量 = 番号 * 10, 単価 = 番号 / 2, 更新日時 = #2026/01/01#"_s);
+    execute(u"UPDATE 品目 SET 更新日時 = #2026/02/01# WHERE 番号 > 2"_s);
+    add(u"Null"_s);
+    const struct {
+        QString between;
+        QString expected;
+        QString others;
+    } cases[] = {
+        {u"数量 # 30 And 20"_s, u"ｷ ガ"_s, u"か さ"_s},
+        {u"数量 # '30' And 20.5"_s, u"ガ"_s, u"か ｷ さ"_s},
+        {u"単価 # 1.5 And 1"_s, u"ｷ ガ"_s, u"か さ"_s},
+        {u"名称 # 'ｻ' And 'が'"_s, u"ｷ ガ さ"_s, u"か"_s},
+        {u"更新日時 # #2026/03/01# And '2026/01/15'"_s, u"ガ さ"_s, u"か ｷ"_s},
+        {u"数量 # 番号 * 15 And 番号"_s, u"か ｷ ガ さ"_s, u""_s},
+        {u"20 # 数量 And 30"_s, u"か ｷ"_s, u"ガ さ"_s},
+        {u"'ｷ' # 名称 And 'さ'"_s, u"か ｷ ガ"_s, u"さ"_s},
+        {u"数量 # 30 And Null"_s, u""_s, u""_s},
+        {u"数量 # Null And 単価"_s, u""_s, u""_s},
+    };
+    for (const auto& each : cases) {
+        // The first mark is the operator's, the others are those of dates.
+        const qsizetype mark = each.between.indexOf(u'#');
+        const auto with = [&](const QString& word) {
+            return u"WHERE "_s + QString(each.between).replace(mark, 1, word);
+        };
+        EXPECT_EQ(names(with(u"Between"_s)), each.expected) << each.between.toStdString();
+        EXPECT_EQ(names(with(u"Not Between"_s)), each.others) << each.between.toStdString();
+    }
+}
+
+TEST_F(Answers, BetweenReadsAnIndexInEitherOrder)
+{
+    for (const QString& condition :
+         {u"数量 Between 9 And 2"_s, u"名称 Between 'ｻ' And 'か'"_s, u"数量 Between ? And ?"_s}) {
+        sql::Compiled compiled;
+        const QList<Value> values = condition.contains(u'?') ? QList<Value>{9, 2} : QList<Value>();
+        ASSERT_TRUE(
+            connection.compile(u"SELECT * FROM 品目 WHERE "_s + condition, values, &compiled));
+        sql::Emitted plan = compiled.statement;
+        plan.text.prepend(u"EXPLAIN QUERY PLAN "_s);
+        Error error;
+        const auto cursor = connection.session()->prepare(plan, &error);
+        ASSERT_TRUE(cursor && cursor->step() == engine::Cursor::Step::Row);
+        const QString said = cursor->value(3, schema::ColumnType::Text).toText();
+        EXPECT_TRUE(said.startsWith(u"SEARCH 品目 USING INDEX _品目_")) << said.toStdString();
+    }
+}
+
+TEST_F(Answers, WhatRepeatsIsToldApartAsItIsStored)
+{
+    addAll({u"アオキ"_s, u"ｱｵｷ"_s, u"あおき"_s, u"ｱｵｷ"_s});
+    EXPECT_EQ(rows(u"SELECT DISTINCT 名称 FROM 品目"_s).size(), 3);
+    EXPECT_EQ(rows(u"SELECT 名称 FROM 品目 UNION SELECT 名称 FROM 品目"_s).size(), 3);
+    EXPECT_EQ(names(u"WHERE 名称 = 'アオキ'"_s), u"アオキ ｱｵｷ あおき ｱｵｷ"_s);
 }
 
 // The index is asked for ranges; the pattern alone says what is meant.

@@ -77,6 +77,19 @@ QString PaperDialect::join(const QStringList& parts) const
     return u"join("_s + parts.join(u", "_s) + u')';
 }
 
+QString PaperDialect::between(const QString& tested, const QString& bound,
+                              const QString& other) const
+{
+    return tested + u" BETWEEN "_s + bound + u" ~ "_s + other;
+}
+
+QString PaperDialect::fitted(const QString& expression, const schema::Column& column,
+                             const QString& rowLabel, const QString& row) const
+{
+    const QString place = rowLabel.isEmpty() ? rowLabel : u" @ "_s + rowLabel + u' ' + row;
+    return u"fitted("_s + expression + u", "_s + columnDefinition(column, false) + place + u')';
+}
+
 QString PaperDialect::nextStamp(const QString& old, const QString& written) const
 {
     return u"later("_s + old + u", "_s + written + u')';

@@ -1,6 +1,7 @@
 #include "storage/engine/sqlite/cursor.h"
 
 #include "storage/engine/sqlite/error.h"
+#include "storage/engine/sqlite/functions.h"
 #include "storage/engine/sqlite/statement_cache.h"
 
 #include <sqlite3.h>
@@ -76,9 +77,11 @@ bool bindAll(sqlite3_stmt* statement, const QList<sql::Parameter>& parameters)
     int index = 0;
     for (const sql::Parameter& parameter : parameters) {
         ++index;
-        const auto* value = std::get_if<Value>(&parameter);
-        const int code = value ? bindValue(statement, index, *value)
-                               : bindBytes(statement, index, std::get<QByteArray>(parameter));
+        int code = SQLITE_MISUSE; // a slot that nobody has filled
+        if (const auto* value = std::get_if<Value>(&parameter))
+            code = bindValue(statement, index, *value);
+        else if (const auto* bytes = std::get_if<QByteArray>(&parameter))
+            code = bindBytes(statement, index, *bytes);
         if (code != SQLITE_OK)
             return false;
     }
@@ -145,6 +148,8 @@ Cursor::Step SqliteCursor::step()
         return Step::Done;
     default:
         m_error = lastError(m_handle);
+        if (QString own = ownMessage(m_handle); !own.isEmpty())
+            m_error.message = std::move(own);
         sqlite3_reset(m_statement.get());
         return Step::Failed;
     }

@@ -1,5 +1,7 @@
 #include "storage/engine/sqlite/dialect.h"
 
+#include "storage/quoted.h"
+
 namespace storage::engine::sqlite {
 
 using namespace Qt::StringLiterals;
@@ -11,6 +13,11 @@ const QString DateTimeType = u"TEXT_DATETIME"_s; // TEXT in it gives the column 
 QString call(const QString& function, const QStringList& arguments)
 {
     return function + u'(' + arguments.join(u", "_s) + u')';
+}
+
+QString text(const QString& content)
+{
+    return u'\'' + quoted(content) + u'\'';
 }
 
 QString check(const QString& quotedName, const QString& condition)
@@ -50,6 +57,23 @@ QString SqliteDialect::like(const QStringList& parts, const QString& pattern) co
 QString SqliteDialect::join(const QStringList& parts) const
 {
     return call(u"corvane_join"_s, parts);
+}
+
+// Both functions give Null for a Null among their arguments.
+QString SqliteDialect::between(const QString& tested, const QString& bound,
+                               const QString& other) const
+{
+    return tested + u" BETWEEN "_s + call(u"min"_s, {bound, other}) + u" AND "_s
+        + call(u"max"_s, {bound, other});
+}
+
+QString SqliteDialect::fitted(const QString& expression, const schema::Column& column,
+                              const QString& rowLabel, const QString& row) const
+{
+    return call(u"corvane_fitted"_s,
+                {expression, QString::number(static_cast<int>(column.type)),
+                 QString::number(column.maxLength), text(column.name), text(rowLabel),
+                 row.isEmpty() ? u"NULL"_s : row});
 }
 
 QString SqliteDialect::nextStamp(const QString& old, const QString& written) const

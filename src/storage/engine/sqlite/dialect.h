@@ -12,6 +12,10 @@ public:
     QString key(const QString& expression) const override;
     QString like(const QStringList& parts, const QString& pattern) const override;
     QString join(const QStringList& parts) const override;
+    QString between(const QString& tested, const QString& bound,
+                    const QString& other) const override;
+    QString fitted(const QString& expression, const schema::Column& column, const QString& rowLabel,
+                   const QString& row) const override;
     QString nextStamp(const QString& old, const QString& written) const override;
     QString rowAddress(const schema::Table& table, const QString& alias) const override;
     QString isAmong(const QString& address, const QString& list) const override;

@@ -1,6 +1,6 @@
 #include "storage/engine/sqlite/functions.h"
 
-#include "storage/value.h"
+#include "storage/column_value.h"
 #include "text/collate.h"
 #include "text/dates.h"
 #include "text/fold.h"
@@ -18,8 +18,12 @@ namespace storage::engine::sqlite {
 
 namespace {
 
+using namespace Qt::StringLiterals;
+
 using Context = sqlite3_context*;
 using Arguments = sqlite3_value**;
+
+constexpr int MisfitCode = SQLITE_MISMATCH;
 
 std::string_view textOf(sqlite3_value* value)
 {
@@ -148,6 +152,62 @@ void stampFunction(Context context, int /*count*/, Arguments arguments)
         sqlite3_result_value(context, arguments[1]);
 }
 
+QString stringOf(sqlite3_value* value)
+{
+    const std::string_view text = textOf(value);
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+Value valueOf(sqlite3_value* value)
+{
+    switch (sqlite3_value_type(value)) {
+    case SQLITE_NULL:
+        return {};
+    case SQLITE_INTEGER:
+        return Value(qint64{sqlite3_value_int64(value)});
+    case SQLITE_FLOAT:
+        return Value(sqlite3_value_double(value));
+    default:
+        return Value(stringOf(value));
+    }
+}
+
+void giveValue(Context context, const Value& value)
+{
+    switch (value.type()) {
+    case ValueType::Null:
+        sqlite3_result_null(context);
+        break;
+    case ValueType::Integer:
+        sqlite3_result_int64(context, value.toInteger());
+        break;
+    case ValueType::Real:
+        sqlite3_result_double(context, value.toReal());
+        break;
+    case ValueType::Text:
+    case ValueType::DateTime:
+        giveText(context, value.toText().toStdString());
+        break;
+    }
+}
+
+void fittedFunction(Context context, int /*count*/, Arguments arguments)
+{
+    schema::Column column;
+    column.type = static_cast<schema::ColumnType>(sqlite3_value_int(arguments[1]));
+    column.maxLength = sqlite3_value_int(arguments[2]);
+    const Value value = valueOf(arguments[0]);
+    if (const auto fitting = fitColumn(value, column)) {
+        giveValue(context, *fitting);
+        return;
+    }
+    const Value row = valueOf(arguments[5]);
+    const QString place = row.isNull() ? QString() : stringOf(arguments[4]) + u' ' + row.toText();
+    const QByteArray message = misfitMessage(value, stringOf(arguments[3]), place).toUtf8();
+    sqlite3_result_error(context, message.constData(), static_cast<int>(message.size()));
+    sqlite3_result_error_code(context, MisfitCode);
+}
+
 struct Function {
     const char* name;
     int arguments; // -1: any number
@@ -157,7 +217,7 @@ struct Function {
 constexpr std::array Functions{
     Function{"corvane_fold", 1, foldFunction},   Function{"corvane_key", 1, keyFunction},
     Function{"corvane_like", -1, likeFunction},  Function{"corvane_join", -1, joinFunction},
-    Function{"corvane_stamp", 2, stampFunction},
+    Function{"corvane_stamp", 2, stampFunction}, Function{"corvane_fitted", 6, fittedFunction},
 };
 
 } // namespace
@@ -173,6 +233,15 @@ bool registerFunctions(sqlite3* handle)
             return false;
     }
     return true;
+}
+
+// The engine uses the same code for a mismatch of its own, but says it in Latin letters.
+QString ownMessage(sqlite3* handle)
+{
+    if (sqlite3_errcode(handle) != MisfitCode)
+        return {};
+    const QString said = QString::fromUtf8(sqlite3_errmsg(handle));
+    return said.startsWith(u'列') ? said : QString();
 }
 
 } // namespace storage::engine::sqlite

@@ -63,10 +63,14 @@ Way SqliteSession::wayOf(const sql::Emitted& statement)
     QStringList lines;
     while (plan->step() == Cursor::Step::Row)
         lines += plan->value(Words, schema::ColumnType::Text).toText();
-    const bool sorts = lines.isEmpty() || lines.contains(u"USE TEMP B-TREE FOR ORDER BY"_s);
-    const Way way = sorts                        ? Way::Sorts
-        : lines.first().startsWith(u"SEARCH "_s) ? Way::WalksSome
-                                                 : Way::WalksAll;
+    const QString sort = u"USE TEMP B-TREE FOR "_s;
+    Way way = Way::WalksAll;
+    if (lines.isEmpty() || lines.contains(sort + u"ORDER BY"_s))
+        way = Way::Sorts;
+    else if (lines.first().startsWith(u"SEARCH "_s))
+        way = Way::WalksSome;
+    else if (!lines.filter(sort).isEmpty())
+        way = Way::WalksGroups;
     if (m_ways.size() >= MostWays)
         m_ways.clear();
     m_ways.insert(statement.text, way);
