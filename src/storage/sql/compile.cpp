@@ -2,6 +2,7 @@
 
 #include "storage/sql/bind.h"
 #include "storage/sql/emit.h"
+#include "storage/sql/listed_texts.h"
 #include "storage/sql/parser.h"
 
 #include <algorithm>
@@ -29,6 +30,21 @@ Compiled compiled(const bound::Select& select, const Dialect& dialect)
     return result;
 }
 
+// Only rows that are written bring texts.
+template <typename Change> void addListed(const Change& /*change*/, Compiled* /*result*/) {}
+
+void addListed(const bound::Insert& insert, Compiled* result)
+{
+    result->writtenTable = insert.table->name();
+    result->listed = listedColumns(insert);
+}
+
+void addListed(const bound::Update& update, Compiled* result)
+{
+    result->writtenTable = update.source.table->name();
+    result->listed = listedColumns(update);
+}
+
 template <typename Change> Compiled compiled(const Change& change, const Dialect& dialect)
 {
     constexpr bool defines =
@@ -36,6 +52,7 @@ template <typename Change> Compiled compiled(const Change& change, const Dialect
     Compiled result;
     result.kind = defines ? StatementKind::Definition : StatementKind::Write;
     result.statement = Emitter(dialect).change(change);
+    addListed(change, &result);
     return result;
 }
 

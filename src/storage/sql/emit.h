@@ -21,6 +21,7 @@ public:
     Emitted change(const bound::Insert& insert);
     Emitted change(const bound::Update& update);
     Emitted change(const bound::Delete& deletion);
+    Emitted change(const bound::CreateTable& creation);
     Emitted change(const bound::AddColumn& addition);
     Emitted change(const bound::DropTable& drop);
 
@@ -36,6 +37,8 @@ private:
     QString from(const bound::From& from);
     QString term(const bound::FromTerm& term);
     QString order(const bound::Select& select, bool numbered, bool bySorting = false);
+    // What the order of a text runs over.
+    QString ordered(const QString& text, bool isDay);
 
     // emit_expression.cpp
     QString value(const bound::Expression& expression);
@@ -62,6 +65,7 @@ private:
     QString node(const bound::Logic& node);
     QString node(const bound::Aggregate& node);
 
+    QString returning(const QStringList& columns) const;
     Emitted finished(QString text);
 
     const Dialect& m_dialect;

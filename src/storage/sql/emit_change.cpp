@@ -1,5 +1,7 @@
 #include "storage/sql/emit.h"
 
+#include "storage/sql/listed_texts.h"
+
 using namespace Qt::StringLiterals;
 
 namespace storage::sql {
@@ -51,6 +53,14 @@ QString whereRow(const schema::Table& table, const Value& address,
 
 } // namespace
 
+QString Emitter::returning(const QStringList& columns) const
+{
+    QStringList names;
+    for (const QString& column : columns)
+        names.append(m_dialect.name(column));
+    return names.isEmpty() ? QString() : m_dialect.returning(names);
+}
+
 Emitted Emitter::change(const bound::Insert& insert)
 {
     QStringList columns;
@@ -58,9 +68,10 @@ Emitted Emitter::change(const bound::Insert& insert)
         columns.append(m_dialect.name(insert.table->columns()[index].name));
     const QString head = insertInto(insert.table->name(), columns, m_dialect);
     if (const auto* source = std::get_if<bound::Select>(&insert.source))
-        return finished(head + select(*source, false));
+        return finished(head + select(*source, false) + returning(listedColumns(insert)));
     const auto& written = std::get<std::vector<bound::ExpressionPtr>>(insert.source);
-    return finished(head + u"VALUES ("_s + values(written).join(u", "_s) + u')');
+    return finished(head + u"VALUES ("_s + values(written).join(u", "_s) + u')'
+                    + returning(listedColumns(insert)));
 }
 
 Emitted Emitter::change(const bound::Update& update)
@@ -76,7 +87,7 @@ Emitted Emitter::change(const bound::Update& update)
         + assignments.join(u", "_s);
     if (update.where)
         text += u" WHERE "_s + value(*update.where);
-    return finished(std::move(text));
+    return finished(text + returning(listedColumns(update)));
 }
 
 Emitted Emitter::change(const bound::Delete& deletion)
@@ -87,6 +98,15 @@ Emitted Emitter::change(const bound::Delete& deletion)
     if (deletion.where)
         text += u" WHERE "_s + value(*deletion.where);
     return finished(std::move(text));
+}
+
+Emitted Emitter::change(const bound::CreateTable& creation)
+{
+    const schema::Table& table = creation.table;
+    QStringList columns;
+    for (const schema::Column& column : table.columns())
+        columns += m_dialect.columnDefinition(column, column.name == table.keyColumn());
+    return finished(m_dialect.createTable(table) + u" ("_s + columns.join(u", "_s) + u')');
 }
 
 Emitted Emitter::change(const bound::AddColumn& addition)
