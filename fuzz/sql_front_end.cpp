@@ -36,7 +36,7 @@ Database made(const QString& name, const schema::Definition& definition)
     Database database;
     Error error;
     database.session = engine::createEmbedded(folder.filePath(name), u"x"_s, &error);
-    if (!database.session || database.session->create(definition)
+    if (!database.session || database.session->upkeep().create(definition)
         || database.session->readCatalog(&database.catalog))
         give(u"no database: "_s + error.message);
     return database;
