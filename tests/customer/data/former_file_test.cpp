@@ -143,4 +143,17 @@ TEST_F(FormerFileTest, ThenEveryOrderOfDaysIsReadFromAnIndex)
                 Contains(testing::Property(&QString::toStdString, HasSubstr("予定日(fold)"))));
 }
 
+// The upgrade adds the planned day by a statement that cannot say so.
+TEST_F(FormerFileTest, APlannedDayThatTheUpgradeAddedIsOneToo)
+{
+    create(storage::schema::Version::V300);
+    ASSERT_TRUE(open());
+    const storage::schema::Table* cases = file.connection.catalog().find(u"件名");
+    const int place = cases->indexOf(u"予定日");
+    ASSERT_GE(place, 0);
+    EXPECT_TRUE(cases->columns()[place].isDay);
+    EXPECT_EQ(cases->columns()[place].maxLength, 13);
+    EXPECT_EQ(indexNames(file.connection), m_today);
+}
+
 } // namespace
