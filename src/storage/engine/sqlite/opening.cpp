@@ -30,6 +30,8 @@ const QStringList Settings = {
     u"PRAGMA temp_store = MEMORY"_s,   u"PRAGMA cache_size = -32768"_s,
     u"PRAGMA foreign_keys = OFF"_s,    u"PRAGMA cell_size_check = ON"_s,
 };
+const QString LaterFormat =
+    u"新しい版のコルヴァン３で使われているファイルの為、この版では開けません。"_s;
 const QString ReadMeta = u"SELECT name, value FROM "_s + sqlite::meta::Table;
 
 // A file may come from anywhere: its schema gets no powers beyond tables, indexes and our
@@ -80,6 +82,12 @@ sqlite::Handle openHandle(const QFileInfo& file, const QString& password, Error*
     return handle;
 }
 
+// What a file says of itself.
+struct Found {
+    QString format;
+    QString textVersion;
+};
+
 bool runAll(sqlite3* handle, const QStringList& statements)
 {
     for (const QString& statement : statements) {
@@ -112,38 +120,38 @@ bool isWhole(sqlite3* handle, const QFileInfo& file)
         && QFileInfo(file.absoluteFilePath()).size() >= *pages * *pageSize;
 }
 
-std::optional<QString> readTextVersion(sqlite3* handle)
+// Nothing when this is no data file.
+std::optional<Found> readMeta(sqlite3* handle)
 {
     sqlite::Statement rows = sqlite::prepare(handle, {ReadMeta, {}});
     if (!rows)
         return {};
     sqlite::SqliteCursor cursor(handle, std::move(rows));
-    QString format;
-    QString version;
+    Found found;
     Cursor::Step step = cursor.step();
     for (; step == Cursor::Step::Row; step = cursor.step()) {
         const QString name = cursor.value(0, schema::ColumnType::Text).toText();
         const QString value = cursor.value(1, schema::ColumnType::Text).toText();
         if (name == sqlite::meta::Format)
-            format = value;
+            found.format = value;
         else if (name == sqlite::meta::TextVersion)
-            version = value;
+            found.textVersion = value;
     }
-    if (step == Cursor::Step::Failed || format != sqlite::meta::CurrentFormat)
+    if (step == Cursor::Step::Failed || found.format.isEmpty())
         return {};
-    return version;
+    return found;
 }
 
-// Makes sure that this is a whole data file that the key opens, and gives the version of its text
-// indexes. One read transaction, so that no other copy changes the file's size meanwhile.
-std::optional<QString> inspect(sqlite3* handle, const QFileInfo& file)
+// Makes sure that this is a whole data file that the key opens, and gives what it says of itself.
+// One read transaction, so that no other copy changes the file's size meanwhile.
+std::optional<Found> inspect(sqlite3* handle, const QFileInfo& file)
 {
     if (!runAll(handle, Settings) || !runAll(handle, {u"BEGIN"_s}))
         return {};
-    const std::optional<QString> version = readTextVersion(handle);
-    if (!version || !isWhole(handle, file) || !runAll(handle, {u"COMMIT"_s}))
+    std::optional<Found> found = readMeta(handle);
+    if (!found || !isWhole(handle, file) || !runAll(handle, {u"COMMIT"_s}))
         return {};
-    return version;
+    return found;
 }
 
 // Whatever stands against reading is the one message, but what has nothing to do with its content.
@@ -176,13 +184,19 @@ std::unique_ptr<Session> openEmbedded(const QString& path, const QString& passwo
     sqlite::Handle handle = openHandle(file, password, error);
     if (!handle)
         return {};
-    const std::optional<QString> version = inspect(handle.get(), file);
-    if (!version) {
+    const std::optional<Found> found = inspect(handle.get(), file);
+    if (!found) {
         *error = openingError(handle.get());
         return {};
     }
-    return std::make_unique<sqlite::SqliteSession>(std::move(handle),
-                                                   *version != sqlite::meta::ownTextVersion());
+    const bool isFormer = found->format == sqlite::meta::FormerFormat;
+    if (!isFormer && found->format != sqlite::meta::CurrentFormat) {
+        *error = {ErrorKind::Unreadable, LaterFormat};
+        return {};
+    }
+    return std::make_unique<sqlite::SqliteSession>(
+        std::move(handle),
+        sqlite::FileState{isFormer, found->textVersion != sqlite::meta::ownTextVersion()});
 }
 
 std::unique_ptr<Session> createEmbedded(const QString& path, const QString& password, Error* error)
@@ -203,7 +217,7 @@ std::unique_ptr<Session> createEmbedded(const QString& path, const QString& pass
     ::close(descriptor);
     sqlite::Handle handle = openHandle(QFileInfo(path), password, error);
     if (handle && runAll(handle.get(), Settings))
-        return std::make_unique<sqlite::SqliteSession>(std::move(handle), false);
+        return std::make_unique<sqlite::SqliteSession>(std::move(handle), sqlite::FileState());
     if (handle)
         *error = sqlite::lastError(handle.get());
     handle.reset();
