@@ -22,7 +22,8 @@ const QString NewRow = u" WHERE \"ﾕｰｻﾞｰ更新ID\" = last_insert_rowid(
 // Nobody is there to be told.
 class NoMessages : public core::Messages {
 public:
-    core::Answer show(core::MessageStyle, const QString& text, const QString&) override
+    core::Answer show(core::MessageStyle, const QString& text, const QString&,
+                      const QString&) override
     {
         giveUp(text);
     }

@@ -67,7 +67,7 @@ private:
 class NoMessages : public core::Messages {
 public:
     core::Answer show(core::MessageStyle /*style*/, const QString& text,
-                      const QString& /*title*/) override
+                      const QString& /*title*/, const QString& /*details*/) override
     {
         giveUp(text);
     }
