@@ -7,15 +7,25 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <cmath>
 #include <thread>
 
 namespace storage::engine::sqlite {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
 using namespace std::chrono_literals;
-using std::chrono::microseconds;
+using Clock = std::chrono::steady_clock;
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+constexpr Milliseconds LongestNap{10};
+constexpr Milliseconds ShortestNap{0.2};
+constexpr Milliseconds WaitOfLongestNaps{25};
+constexpr double Steepness = 1.5; // with which naps become shorter after that
+// Whoever had to wait so lately, and wrote so lately, steps back for so long.
+constexpr Clock::duration Contended = 1s;
+constexpr Clock::duration JustNow = 3ms;
+constexpr Milliseconds StepBack{2};
 
 // The wait that this thread is in. A statement may meet several locks; together they are one wait.
 struct Wait {
@@ -24,25 +34,25 @@ struct Wait {
     bool shown = false;
 };
 thread_local Wait current;
+thread_local Clock::time_point lastWait;
+
+// Of random length, so that the copies do not look all at once.
+void sleepAbout(Milliseconds mean)
+{
+    std::this_thread::sleep_for(mean * (0.5 + QRandomGenerator::system()->generateDouble()));
+}
 
 // Whoever looks more often gets a freed lock more often. So the naps become shorter with the wait:
-// the newcomer looks now and then, who came first looks most, and nobody starves. A random length
-// keeps the copies from looking all at once.
-microseconds nap(Clock::duration waited)
+// the newcomer looks now and then, who has waited longest looks most, and nobody starves.
+Milliseconds napAfter(Milliseconds waited)
 {
-    constexpr microseconds Shortest = 200us;
-    constexpr microseconds Longest = 4ms;
-    constexpr auto Halving = 100ms; // waits of this length take the longest naps
-    const auto waitedFor = std::max<Clock::duration>(waited, 1ms);
-    const auto mean = std::clamp<microseconds>(
-        microseconds(Longest.count() * Clock::duration(Halving).count() / waitedFor.count()),
-        Shortest, Longest);
-    const auto jitter = static_cast<quint32>(mean.count());
-    return mean / 2 + microseconds(QRandomGenerator::system()->bounded(jitter));
+    if (waited <= WaitOfLongestNaps)
+        return LongestNap;
+    return std::max(ShortestNap, LongestNap * std::pow(WaitOfLongestNaps / waited, Steepness));
 }
 
 // Gives 0 when the engine is to give up.
-int onBusy(void* /*handle*/, int /*times*/)
+int onBusy(void* handle, int /*times*/)
 {
     const Clock::time_point now = Clock::now();
     if (!current.running)
@@ -55,7 +65,10 @@ int onBusy(void* /*handle*/, int /*times*/)
         if (WaitWatcher* const watcher = waitWatcher())
             watcher->waitGoesOn();
     }
-    std::this_thread::sleep_for(nap(waited));
+    // A commit that waits for readers keeps all others waiting.
+    const bool writes =
+        sqlite3_txn_state(static_cast<sqlite3*>(handle), "main") == SQLITE_TXN_WRITE;
+    sleepAbout(writes ? ShortestNap : napAfter(waited));
     return 1;
 }
 
@@ -63,7 +76,7 @@ int onBusy(void* /*handle*/, int /*times*/)
 
 void waitForLocks(sqlite3* handle)
 {
-    sqlite3_busy_handler(handle, onBusy, nullptr);
+    sqlite3_busy_handler(handle, onBusy, handle);
 }
 
 int step(sqlite3_stmt* statement)
@@ -72,13 +85,23 @@ int step(sqlite3_stmt* statement)
     return sqlite3_step(statement);
 }
 
+void letOthersFirst(Clock::time_point lastWrite)
+{
+    const Clock::time_point now = Clock::now();
+    if (now - lastWait >= Contended || now - lastWrite >= JustNow)
+        return;
+    current = {now, true, false};
+    sleepAbout(StepBack);
+}
+
 EndOfWait::~EndOfWait()
 {
     if (!current.running)
         return;
     current.running = false;
+    lastWait = Clock::now();
     if (WaitWatcher* const watcher = waitWatcher())
-        watcher->waitEnded(Clock::now() - current.since);
+        watcher->waitEnded(lastWait - current.since);
 }
 
 } // namespace storage::engine::sqlite

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <chrono>
+
 struct sqlite3;
 struct sqlite3_stmt;
 
@@ -12,6 +14,10 @@ void waitForLocks(sqlite3* handle);
 
 // One step of a statement; a wait that it began has ended when it returns.
 int step(sqlite3_stmt* statement);
+
+// Before the write lock is asked for, under an EndOfWait: where copies wait for each other, whoever
+// wrote just now would have the lock again before any of them looked.
+void letOthersFirst(std::chrono::steady_clock::time_point lastWrite);
 
 // Ends the wait, if there was one, of what was done in its scope.
 class EndOfWait {

@@ -1,5 +1,6 @@
 #include "storage/engine/sqlite/session.h"
 
+#include "storage/engine/sqlite/busy_wait.h"
 #include "storage/engine/sqlite/cursor.h"
 #include "storage/engine/sqlite/error.h"
 
@@ -81,6 +82,9 @@ bool SqliteSession::wasUndone() const
 
 std::optional<Error> SqliteSession::begin(int depth)
 {
+    const EndOfWait end;
+    if (depth == 0)
+        letOthersFirst(m_lastWrite);
     const auto error =
         runText(depth == 0 ? u"BEGIN IMMEDIATE"_s : u"SAVEPOINT "_s + savepoint(depth));
     if (!error)
@@ -91,8 +95,10 @@ std::optional<Error> SqliteSession::begin(int depth)
 std::optional<Error> SqliteSession::commit(int depth)
 {
     const auto error = runText(depth == 0 ? u"COMMIT"_s : u"RELEASE "_s + savepoint(depth));
-    if (!error && depth == 0)
+    if (!error && depth == 0) {
         m_inTransaction = false;
+        m_lastWrite = std::chrono::steady_clock::now();
+    }
     return error;
 }
 

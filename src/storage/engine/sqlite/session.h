@@ -4,6 +4,7 @@
 #include "storage/engine/sqlite/dialect.h"
 #include "storage/engine/sqlite/statement_cache.h"
 
+#include <chrono>
 #include <memory>
 
 struct sqlite3;
@@ -49,6 +50,7 @@ private:
     SqliteDialect m_dialect;
     bool m_foreignTextIndexes;
     bool m_inTransaction = false;
+    std::chrono::steady_clock::time_point m_lastWrite; // the end of the last transaction
 };
 
 } // namespace storage::engine::sqlite
