@@ -17,8 +17,8 @@ namespace core {
 namespace {
 
 // Names what a compaction that was cut short has left and the next one stumbles over; empty when
-// there is nothing, or nothing that may be deleted.
-QString leftOverNote(Shared& shared, const DataFileEntry& entry, const QString& draft)
+// there is nothing, or nothing that may be deleted. Which data it was made of is not to be seen.
+QString leftOverNote(Shared& shared, const QString& draft)
 {
     QStringList left;
     for (const QString& path : {draft, draft + u"-journal"_s}) {
@@ -27,8 +27,8 @@ QString leftOverNote(Shared& shared, const DataFileEntry& entry, const QString& 
     }
     if (left.isEmpty() || isRegisteredFile(shared, draft))
         return {};
-    return u"\r\n前に途中で終わった最適化の "_s + left.join(u"と"_s) + u" が残っています。「 "_s
-        + entry.name + u" 」を開けることを確認できれば、削除しても構いません。"_s;
+    return u"\r\n前に途中で終わった最適化の"_s + left.join(u"と"_s)
+        + u"が残っています。一覧のデータをすべて開けることが確認できれば、削除しても構いません。"_s;
 }
 
 } // namespace
@@ -43,7 +43,7 @@ bool Optimise(Shared& shared, const DataFileEntry& entry, const std::function<vo
                                                              QString::fromUtf16(DatabasePassword));
     shared.CustomerDataPath.clear();
     const bool isLeftOver = failure && failure->kind == storage::ErrorKind::Exists;
-    const QString note = isLeftOver ? leftOverNote(shared, entry, target) : QString();
+    const QString note = isLeftOver ? leftOverNote(shared, target) : QString();
     whenOver();
     if (failure) {
         shared.messages.refuse(u"「 "_s + entry.name

@@ -98,8 +98,8 @@ TEST_F(Optimisation, AFileInUseAndALeftOverAreTold)
     writeFile(u"Care/最適化.mdb"_s, "left over");
     EXPECT_FALSE(run(entry));
     const Box naming{16,
-                     refusal.text + u"\r\n前に途中で終わった最適化の 「"_s + left
-                         + u"」 が残っています。「 見本 」を開けることを確認できれば、"
+                     refusal.text + u"\r\n前に途中で終わった最適化の「"_s + left
+                         + u"」が残っています。一覧のデータをすべて開けることが確認できれば、"
                            "削除しても構いません。"_s};
     EXPECT_THAT(messages.takeBoxes(), ElementsAre(refusal, naming));
     EXPECT_EQ(QFileInfo(left).size(), 9);

@@ -1,14 +1,20 @@
 #include "core/data/registry.h"
 
+#include "core/data/main_database.h"
+#include "support/child_process.h"
 #include "support/core/data/core_test.h"
 
 #include <QDirIterator>
 #include <QFile>
 #include <QMap>
+#include <QSet>
 
 #include <gmock/gmock.h>
 
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
+using core::AddDataFile;
 using core::Answer;
 using core::ChangeDataFile;
 using core::DataFileEntry;
@@ -204,4 +210,27 @@ TEST_F(RegistryFiles, ARowThatIsRenamedWhileTheUserThinksIsKept)
     EXPECT_EQ(contentOf(pathOf(u"甲"_s)), "data of 甲");
     EXPECT_EQ(entries(DataKind::Customer).size(), 1);
     EXPECT_EQ(slow.MainConnection->errors().size(), 0);
+}
+
+TEST_F(RegistryFiles, TwoCopiesNeverGiveOneNameTwice)
+{
+    constexpr int Names = 15;
+    core::CloseMainDatabase(shared); // nothing may be open where a child process starts
+    const auto addAll = [this] {
+        for (int i = 0; i < Names; ++i)
+            AddDataFile(shared, DataKind::Customer, u"名"_s + QString::number(i), {});
+        return takeErrors().isEmpty();
+    };
+    {
+        ChildProcess one(addAll);
+        ChildProcess two(addAll);
+        EXPECT_TRUE(one.succeeded());
+        EXPECT_TRUE(two.succeeded());
+    }
+    EXPECT_EQ(entries(DataKind::Customer).size(), Names);
+    QSet<QString> names;
+    for (const DataFileEntry& entry : entries(DataKind::Customer))
+        names.insert(entry.name);
+    EXPECT_EQ(names.size(), Names);
+    EXPECT_EQ(state().files.size(), Names + 2); // and the templates
 }
