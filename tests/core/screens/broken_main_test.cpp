@@ -19,7 +19,6 @@
 using namespace Qt::StringLiterals;
 using core::DataKind;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 // A main.mdb that cannot be opened must not look like a shop without data.
 
