@@ -1,4 +1,3 @@
-#include "app/desktop_opener.h"
 #include "app/program.h"
 #include "core/data/clock.h"
 #include "core/data/main_database.h"
@@ -6,6 +5,7 @@
 #include "core/data/program_version.h"
 #include "core/data/shared.h"
 #include "ui/application_look.h"
+#include "ui/desktop_opener.h"
 #include "ui/message_boxes.h"
 #include "ui/user_settings.h"
 #include "ui/wait_cursor.h"
@@ -32,7 +32,7 @@ int main(int argc, char** argv)
     if (!core::Main(shared, core::findProgramFolder(QCoreApplication::applicationDirPath())))
         return 0;
 
-    DesktopOpener opener;
+    ui::DesktopOpener opener;
     ui::StoredUserSettings userSettings;
     Program program(shared, opener, userSettings);
     program.start();

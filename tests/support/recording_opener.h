@@ -7,14 +7,18 @@
 // Stands in for the desktop: keeps what it was asked to open.
 class RecordingOpener : public core::Opener {
 public:
-    bool open(const QString& target) override
+    core::Opened openFile(const QString& path) override
     {
-        opened.append(target);
-        return succeeds;
+        opened.append(path);
+        return outcome;
     }
 
-    bool openHelp(const QString& helpFile) override { return open(helpFile); }
+    core::Opened openAddress(const QString& address) override { return openFile(address); }
+    bool openHelp(const QString& helpFile) override
+    {
+        return openFile(helpFile) == core::Opened::Yes;
+    }
 
     QStringList opened;
-    bool succeeds = true;
+    core::Opened outcome = core::Opened::Yes;
 };

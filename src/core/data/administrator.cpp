@@ -2,6 +2,7 @@
 
 #include "core/data/clock.h"
 #include "core/data/failure.h"
+#include "core/data/main_access.h"
 #include "core/data/messages.h"
 #include "core/data/shared.h"
 #include "storage/transaction.h"
@@ -18,6 +19,21 @@ const QString rowToChange = u"Select * From main Where 種類='管理者'"_s;
 Administrator currentRow(const storage::Recordset& row)
 {
     return {row.text(u"ﾃﾞｰﾀ"), row.text(u"ﾊﾟｽﾜｰﾄﾞ")};
+}
+
+// Gives the row, if there is one. False when it could not be read; the user has been told why.
+bool readRow(Shared& shared, std::optional<Administrator>* found)
+{
+    if (!reachMainDatabase(shared))
+        return false;
+    storage::Recordset& row = *shared.MainRecordset;
+    shared.SqlText = rowToCheck;
+    if (!row.open(rowToCheck, *shared.MainConnection))
+        return tellMainDatabaseFailed(shared, ReadFailedText);
+    if (!row.eof())
+        *found = currentRow(row);
+    row.close();
+    return true;
 }
 
 // Gives what the row held before; nullopt when it could not be written.
@@ -43,34 +59,30 @@ std::optional<Administrator> replaceRow(Shared& shared, const Administrator& ent
 
 } // namespace
 
-bool CheckAdministrator(Shared& shared, const QString& name, const QString& password)
+std::optional<bool> CheckAdministrator(Shared& shared, const QString& name, const QString& password)
 {
-    storage::Recordset& row = *shared.MainRecordset;
-    shared.SqlText = rowToCheck;
-    if (!row.open(rowToCheck, *shared.MainConnection))
-        return false;
+    std::optional<Administrator> found;
+    if (!readRow(shared, &found))
+        return std::nullopt;
     // No password is Null, which reads as the empty text.
-    const bool matches = !row.eof() && currentRow(row) == Administrator{name, password};
-    row.close();
-    return matches;
+    return found == Administrator{name, password};
 }
 
-Administrator LoadAdministrator(Shared& shared)
+std::optional<Administrator> LoadAdministrator(Shared& shared)
 {
-    storage::Recordset& row = *shared.MainRecordset;
-    shared.SqlText = rowToCheck;
-    if (!row.open(rowToCheck, *shared.MainConnection))
-        return {};
-    const Administrator found = row.eof() ? Administrator() : currentRow(row);
-    row.close();
-    return found;
+    std::optional<Administrator> found;
+    if (!readRow(shared, &found))
+        return std::nullopt;
+    return found.value_or(Administrator());
 }
 
 bool SaveAdministrator(Shared& shared, const Administrator& entered)
 {
+    if (!reachMainDatabase(shared))
+        return false;
     const std::optional<Administrator> old = replaceRow(shared, entered);
     if (!old)
-        return tellFailure(shared.messages, SaveFailedText, *shared.MainConnection);
+        return tellMainDatabaseFailed(shared, SaveFailedText);
     shared.MessageText = u"管理者名が 『 "_s + old->name + u" 』 から 『 "_s + entered.name
         + u" 』 に変更されました。\r\nパスワードが 『 "_s + old->password + u" 』 から 『 "_s
         + entered.password + u" 』 に変更されました。"_s;

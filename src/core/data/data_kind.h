@@ -20,10 +20,14 @@ std::optional<DataKind> kindOfRow(QStringView text);
 // The folder of a kind's data files and the template that new ones are copied from.
 QString dataFolder(const QString& programFolder, DataKind kind);
 QString templateFile(const QString& programFolder, DataKind kind);
-// The path of the data file of that name; empty when the name cannot be a file name.
+// The path of the data file of that name; empty when the name cannot be that of a file here. A name
+// that only other file systems refuse has one.
 QString dataFile(const QString& programFolder, DataKind kind, const QString& name);
 
-// Why a data name cannot be a file name, as a sentence for the user; empty when it can.
-QString whyNoFileName(const QString& name);
+// Why a data file may not get this name, as a sentence for the user; empty when it may. A name has
+// to be good on every file system that the files may be taken to.
+QString whyNoNewName(const QString& name);
+// Whether two names are one on a file system that ignores letter case.
+bool isSameName(const QString& one, const QString& other);
 
 } // namespace core

@@ -6,6 +6,7 @@
 #include "core/data/program_folder.h"
 #include "core/data/shared.h"
 #include "core/data/single_instance.h"
+#include "storage/data_files/data_files.h"
 #include "storage/transaction.h"
 
 #include <QDir>
@@ -60,6 +61,7 @@ bool Main(Shared& shared, const ProgramFolder& folder)
 {
     const QString title = QString::fromUtf16(AppTitleText);
     shared.programFolder = folder.path;
+    shared.originals = folder.originals;
     if (!folder.originals.isEmpty())
         QDir().mkpath(folder.path); // so that its canonical path is known
     shared.instanceLock = lockInstance(folder.path);
@@ -67,7 +69,7 @@ bool Main(Shared& shared, const ProgramFolder& folder)
         shared.messages.refuse(u"すでに「"_s + title + u"」は起動されています。"_s);
         return false;
     }
-    fillProgramFolder(folder);
+    fillProgramFolder(folder); // what fails is told by the first step that needs main.mdb
     shared.EndOnMenuClose = true;
     OpenMainDatabase(shared);
     shared.MessageText.clear();
@@ -81,10 +83,15 @@ bool Main(Shared& shared, const ProgramFolder& folder)
 
 void OpenMainDatabase(Shared& shared)
 {
-    shared.MainConnection = std::make_unique<storage::Connection>();
-    shared.MainRecordset = std::make_unique<storage::Recordset>();
-    shared.MainConnection->open(programFile(shared.programFolder, u"\\main.mdb"),
-                                QString::fromUtf16(DatabasePassword));
+    if (!shared.MainConnection) {
+        shared.MainConnection = std::make_unique<storage::Connection>();
+        shared.MainRecordset = std::make_unique<storage::Recordset>();
+    }
+    shared.MainConnection->close();
+    const QString path = programFile(shared.programFolder, u"\\main.mdb");
+    const QByteArray identity = storage::data_files::identity(path);
+    if (shared.MainConnection->open(path, QString::fromUtf16(DatabasePassword)))
+        shared.mainIdentity = identity;
 }
 
 void CloseMainDatabase(Shared& shared)

@@ -13,7 +13,8 @@ struct Shared;
 // once; else the splash screen is to be shown.
 bool Main(Shared& shared, const ProgramFolder& folder);
 
-// Makes MainConnection and MainRecordset and opens main.mdb of the program folder.
+// Makes MainConnection and MainRecordset where they are not there yet, and opens main.mdb of the
+// program folder anew.
 void OpenMainDatabase(Shared& shared);
 // Releases them.
 void CloseMainDatabase(Shared& shared);

@@ -21,23 +21,30 @@ struct DataFileEntry {
     bool operator==(const DataFileEntry& other) const = default;
 };
 
-// The registered files of a kind in ascending order of their names; empty when reading fails.
-QList<DataFileEntry> ListDataFiles(Shared& shared, DataKind kind);
+// The registered files of a kind in ascending order of their names; nullopt when they cannot be
+// read: the user has been told why.
+std::optional<QList<DataFileEntry>> ListDataFiles(Shared& shared, DataKind kind);
 
-// The same for choosing one to open; nullopt gives both kinds together.
-QList<DataFileEntry> ListDataFilesForOpen(Shared& shared, std::optional<DataKind> kind);
+// The same for choosing one to open; nullopt for the kind gives both kinds together.
+std::optional<QList<DataFileEntry>> ListDataFilesForOpen(Shared& shared,
+                                                         std::optional<DataKind> kind);
 
 // Registers a new data file and copies the template to its place. False when nothing was written;
 // the user is told either way.
 bool AddDataFile(Shared& shared, DataKind kind, const QString& name, const QString& password);
 
 // Rewrites the row and then renames the file. The user is told what came of it. False when the file
-// could not be moved (the row is changed all the same) or nothing was written.
+// could not be moved (the row is changed all the same) or nothing was written. A name that another
+// entry of the kind bears is refused, and a file that another entry leads to stays where it is.
 bool ChangeDataFile(Shared& shared, const DataFileEntry& selected, const QString& newName,
                     const QString& newPassword);
 
-// Removes the row and the file after asking. False when the row is still there; a file that cannot
-// be removed is not reported.
+// Removes the row and the file after asking. False when the row is still there, or was gone before;
+// a file that cannot be removed is not reported, and one that another entry leads to stays.
 bool DeleteDataFile(Shared& shared, const DataFileEntry& selected);
+
+// Whether a registered data file lies at that path, by whatever name it is reached; true too when
+// the registry cannot be read.
+bool isRegisteredFile(Shared& shared, const QString& path);
 
 } // namespace core

@@ -3,6 +3,7 @@
 #include "storage/connection.h"
 #include "storage/recordset.h"
 
+#include <QByteArray>
 #include <QLockFile>
 #include <QString>
 
@@ -18,10 +19,12 @@ struct Shared {
     Messages& messages;
     const Clock& clock;
 
-    QString programFolder;                   // absolute, without a "/" at its end
+    QString programFolder; // absolute, without a "/" at its end
+    QString originals;     // what an empty program folder is filled from, or empty
     std::unique_ptr<QLockFile> instanceLock; // held for the whole run
 
     std::unique_ptr<storage::Connection> MainConnection; // null until OpenMainDatabase
+    QByteArray mainIdentity; // of the main.mdb that was opened last; empty while none was
     std::unique_ptr<storage::Recordset> MainRecordset; // closed again by every routine that uses it
     QString SqlText;                                   // the statement last given to MainRecordset
     bool EndOnMenuClose = true;

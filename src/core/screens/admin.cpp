@@ -1,6 +1,7 @@
 #include "core/screens/admin.h"
 
 #include "core/data/administrator.h"
+#include "core/data/main_access.h"
 #include "core/data/shared.h"
 #include "core/screens/screen_flow.h"
 #include "ui/enter_moves_on.h"
@@ -32,10 +33,8 @@ admin::admin(Shared& shared, ScreenFlow& flow, QWidget* parent)
     connect(remove, &QShortcut::activated, this, &admin::Command3_Click);
     new ui::EnterMovesOn(this, nullptr);
 
+    m_ui->Command4->setEnabled(false); // until there is something to change
     fillList(0);
-    const Administrator administrator = LoadAdministrator(m_shared);
-    m_ui->Text2_0->setText(administrator.name);
-    m_ui->Text2_1->setText(administrator.password);
 }
 
 admin::~admin() = default;
@@ -56,7 +55,11 @@ std::optional<DataFileEntry> admin::selectedEntry() const
 void admin::fillList(qint64 selectedNumber)
 {
     const QSignalBlocker quiet(m_ui->ListView1);
-    m_entries = ListDataFiles(m_shared, kind());
+    const auto listed = ListDataFiles(m_shared, kind());
+    m_entries = listed.value_or(QList<DataFileEntry>());
+    if (listed)
+        showAdministrator();
+    m_ui->emptyNote->setVisible(!listed);
     m_ui->ListView1->clear();
     for (const DataFileEntry& entry : m_entries) {
         auto* const item = new QTreeWidgetItem({entry.name, entry.password});
@@ -65,6 +68,25 @@ void admin::fillList(qint64 selectedNumber)
             m_ui->ListView1->setCurrentItem(item);
     }
     enableButtons();
+}
+
+void admin::refill(qint64 selectedNumber)
+{
+    if (isMainDatabaseOpen(m_shared))
+        fillList(selectedNumber);
+}
+
+void admin::showAdministrator()
+{
+    if (m_administratorIsShown)
+        return; // what is being typed stays
+    const std::optional<Administrator> kept = LoadAdministrator(m_shared);
+    if (!kept)
+        return; // empty fields must not be saved as the administrator's
+    m_administratorIsShown = true;
+    m_ui->Command4->setEnabled(true);
+    m_ui->Text2_0->setText(kept->name);
+    m_ui->Text2_1->setText(kept->password);
 }
 
 void admin::showEntry(const DataFileEntry& entry)
@@ -110,16 +132,18 @@ void admin::Command2_Click()
         return;
     // Also after a failure: the row can be changed although the file kept its name.
     ChangeDataFile(m_shared, *entry, m_ui->Text1_0->text(), m_ui->Text1_1->text());
-    fillList(entry->number);
+    refill(entry->number);
 }
 
 void admin::Command3_Click()
 {
     const std::optional<DataFileEntry> entry = selectedEntry();
-    if (!entry || !DeleteDataFile(m_shared, *entry))
+    if (!entry)
         return;
-    fillList(0);
-    showEntry({});
+    const bool removed = DeleteDataFile(m_shared, *entry);
+    refill(removed ? 0 : entry->number); // another copy may have been faster
+    if (removed)
+        showEntry({});
 }
 
 void admin::Command4_Click()

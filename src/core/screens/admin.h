@@ -37,12 +37,18 @@ private:
     // Lists the files of the kind anew, selecting the one with that row number. What stands in the
     // fields is left alone.
     void fillList(qint64 selectedNumber);
+    // The same after a change. When main.mdb has failed meanwhile, the user knows, and the list
+    // stays for the next try.
+    void refill(qint64 selectedNumber);
+    // Fills the administrator's fields, once they can be read.
+    void showAdministrator();
     void showEntry(const DataFileEntry& entry);
     void enableButtons();
 
     std::unique_ptr<Ui::admin> m_ui;
     Shared& m_shared;
     QList<DataFileEntry> m_entries; // as listed
+    bool m_administratorIsShown = false;
 };
 
 } // namespace core

@@ -33,7 +33,11 @@ void dopen::prepare(DataKind kind)
     m_ui->Option1->setEnabled(chosen == m_ui->Option1);
     m_ui->Option2->setEnabled(chosen == m_ui->Option2);
 
-    m_entries = ListDataFilesForOpen(m_shared, kind);
+    const auto listed = ListDataFilesForOpen(m_shared, kind);
+    m_entries = listed.value_or(QList<DataFileEntry>());
+    if (!listed)
+        m_ui->emptyNote->setText(u"データの一覧を読めませんでした。原因を取り除いてから、この画面を"
+                                 "閉じて、メニューからもう一度開いて下さい。"_s);
     m_ui->ListView1->clear();
     for (const DataFileEntry& entry : m_entries) {
         auto* const item = new QTreeWidgetItem(QStringList{entry.name});

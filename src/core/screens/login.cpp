@@ -27,7 +27,11 @@ login::~login() = default;
 
 void login::Command1_Click()
 {
-    if (CheckAdministrator(m_shared, m_Text1[0]->text(), m_Text1[1]->text())) {
+    const std::optional<bool> matches =
+        CheckAdministrator(m_shared, m_Text1[0]->text(), m_Text1[1]->text());
+    if (!matches)
+        return; // nothing is wrong with what was typed
+    if (*matches) {
         m_loggedIn = true;
         accept();
         return;

@@ -110,7 +110,7 @@ void menu::Command1_Click(int index)
         showHelp();
         break;
     case Version:
-        version(m_opener, this).exec();
+        version(m_shared.messages, m_opener, this).exec();
         break;
     case Exit:
         m_shared.EndOnMenuClose = true;

@@ -6,6 +6,8 @@
 #include "ui/enter_moves_on.h"
 #include "ui_saiteki.h"
 
+using namespace Qt::StringLiterals;
+
 namespace core {
 
 saiteki::saiteki(Shared& shared, ScreenFlow& flow, QWidget* parent)
@@ -18,7 +20,12 @@ saiteki::saiteki(Shared& shared, ScreenFlow& flow, QWidget* parent)
     connect(this, &QDialog::finished, this, [&flow] { flow.show(Screen::Menu); });
     new ui::EnterMovesOn(this, nullptr);
 
-    m_entries = ListDataFilesForOpen(m_shared, std::nullopt);
+    const auto listed = ListDataFilesForOpen(m_shared, std::nullopt);
+    m_entries = listed.value_or(QList<DataFileEntry>());
+    if (!listed)
+        m_ui->emptyNote->setText(u"データの一覧を読めませんでした。原因を取り除いてから、この画面を"
+                                 "閉じて、メニューからもう一度開いて下さい。"_s);
+    m_ui->emptyNote->setVisible(m_entries.isEmpty());
     for (const DataFileEntry& entry : m_entries)
         m_ui->ListView1->addTopLevelItem(new QTreeWidgetItem({entry.name, rowKind(entry.kind)}));
     m_ui->ListView1->setCurrentItem(m_ui->ListView1->topLevelItem(0));
@@ -33,8 +40,7 @@ void saiteki::Command1_Click()
     if (row < 0)
         return;
     setCursor(Qt::WaitCursor);
-    Optimise(m_shared, m_entries[row]);
-    unsetCursor();
+    Optimise(m_shared, m_entries[row], [this] { unsetCursor(); });
 }
 
 } // namespace core

@@ -10,8 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace core {
 
-version::version(Opener& opener, QWidget* parent)
-    : QDialog(parent), m_ui(new Ui::version), m_opener(opener)
+version::version(Messages& messages, Opener& opener, QWidget* parent)
+    : QDialog(parent), m_ui(new Ui::version), m_messages(messages), m_opener(opener)
 {
     m_ui->setupUi(this);
     m_ui->Label1->setText(versionText());
@@ -27,7 +27,7 @@ version::~version() = default;
 
 void version::Command1_Click()
 {
-    m_opener.open(m_ui->Text1->text());
+    openAddressOrTell(m_opener, m_messages, m_ui->Text1->text());
 }
 
 void version::Command2_Click()
@@ -35,7 +35,7 @@ void version::Command2_Click()
     const QString address = m_ui->Text2->text();
     const QString scheme = u"mailto:"_s;
     const bool hasScheme = address.left(scheme.size()).toLower() == scheme;
-    m_opener.open(hasScheme ? address : scheme + address);
+    openAddressOrTell(m_opener, m_messages, hasScheme ? address : scheme + address);
 }
 
 } // namespace core

@@ -10,6 +10,7 @@ class version;
 
 namespace core {
 
+class Messages;
 class Opener;
 
 // The version screen, shown modally over the menu.
@@ -17,7 +18,7 @@ class version : public QDialog {
     Q_OBJECT
 
 public:
-    explicit version(Opener& opener, QWidget* parent = nullptr);
+    version(Messages& messages, Opener& opener, QWidget* parent = nullptr);
     ~version() override;
 
 private:
@@ -25,6 +26,7 @@ private:
     void Command2_Click();
 
     std::unique_ptr<Ui::version> m_ui;
+    Messages& m_messages;
     Opener& m_opener;
 };
 

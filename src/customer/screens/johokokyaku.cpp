@@ -155,8 +155,7 @@ void johokokyaku::URL_Click()
 
 void johokokyaku::openTarget(const QString& target)
 {
-    if (!m_desk.opener.open(target))
-        m_desk.file.messages.refuse(u"開けませんでした。\r\n"_s + target);
+    core::openAddressOrTell(m_desk.opener, m_desk.file.messages, target);
 }
 
 void johokokyaku::UserText_Click()

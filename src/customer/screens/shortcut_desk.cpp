@@ -121,10 +121,7 @@ void ShortcutDesk::open(int row)
         refill();
         return;
     }
-    if (m_desk.opener.open(path))
-        return;
-    m_desk.file.messages.refuse(u"ファイルを開けませんでした。\r\n"_s + path
-                                + u"\r\n場所が変わっていないか確認して下さい。"_s);
+    core::openFileOrTell(m_desk.opener, m_desk.file.messages, path);
 }
 
 void ShortcutDesk::showMenu(const QPoint& screenPoint)

@@ -4,7 +4,10 @@
 #include "storage/data_files/file_steps.h"
 #include "storage/engine/engine.h"
 
+#include <QFile>
 #include <QFileInfo>
+
+#include <sys/stat.h>
 
 namespace storage::data_files {
 
@@ -85,6 +88,15 @@ bool exists(const QString& path)
     return QFileInfo(path).isFile();
 }
 
+QByteArray identity(const QString& path)
+{
+    struct stat found = {};
+    if (::stat(QFile::encodeName(path).constData(), &found) != 0)
+        return {};
+    return QByteArray::number(static_cast<quint64>(found.st_dev)) + '-'
+        + QByteArray::number(static_cast<quint64>(found.st_ino));
+}
+
 std::optional<Error> create(const QString& templatePath, const QString& path)
 {
     QByteArray bytes;
@@ -151,9 +163,11 @@ std::optional<Error> compactInPlace(const QString& path, const QString& draft,
     return underLocks({path, draft}, [&]() -> std::optional<Error> {
         if (auto error = compactLocked(path, draft, password))
             return error;
-        if (auto error = removeFile(path))
-            return error;
-        return moveFile(draft, path);
+        // A link stays one: what it leads to is replaced.
+        auto error = replaceFile(draft, QFileInfo(path).canonicalFilePath());
+        if (error)
+            QFile::remove(draft);
+        return error;
     });
 }
 

@@ -12,6 +12,9 @@ namespace storage::data_files {
 
 // Whether the file is there.
 bool exists(const QString& path);
+// Tells the file at a path from every other one, by whatever names they are reached (another letter
+// case, a link); empty when there is none. Looks at the file without opening it.
+QByteArray identity(const QString& path);
 // Copies a template to a new file. Exists when the file or its "-journal" is there.
 std::optional<Error> create(const QString& templatePath, const QString& path);
 // Gives the file a new name; a journal left by a crash is first rolled back into it. Missing when
@@ -22,9 +25,10 @@ std::optional<Error> remove(const QString& path);
 // Compacts `source` into `target`, which must not be there; the cipher and its password stay. The
 // source is not touched.
 std::optional<Error> compact(const QString& source, const QString& target, const QString& password);
-// Compacts the file into `draft`, which must not be there, removes the file and gives the draft its
-// name, all under one lock, so that nothing written meanwhile is lost. When it fails after the
-// removal, the data is in the draft.
+// Compacts the file into `draft`, which must not be there, and puts the draft into the file's place
+// in one step, all under one lock: nothing written meanwhile is lost, and at every moment a whole
+// file bears the name. When it fails the file is as it was and the draft is gone; a left-over draft
+// (Exists) stays.
 std::optional<Error> compactInPlace(const QString& path, const QString& draft,
                                     const QString& password);
 

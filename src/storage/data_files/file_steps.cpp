@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace storage::data_files {
@@ -31,6 +32,14 @@ public:
 
     bool isOpen() const { return m_descriptor >= 0; }
     bool sync() const { return ::fsync(m_descriptor) == 0; }
+    // Lets the same people use the file as another one. Only the superuser can give a file away:
+    // what is not allowed stays as it is.
+    void takeRightsOf(const struct stat& other) const
+    {
+        if (::fchown(m_descriptor, other.st_uid, other.st_gid) != 0)
+            (void)!::fchown(m_descriptor, static_cast<uid_t>(-1), other.st_gid);
+        (void)::fchmod(m_descriptor, other.st_mode & 07777);
+    }
     bool write(QByteArrayView bytes) const
     {
         while (!bytes.isEmpty()) {
@@ -116,6 +125,26 @@ std::optional<Error> moveFile(const QString& from, const QString& to)
         result = ::rename(source.constData(), target.constData());
     }
     if (result != 0)
+        return errorOf(errno);
+    return syncFolderOf(to);
+}
+
+std::optional<Error> replaceFile(const QString& from, const QString& to)
+{
+    const QByteArray source = QFile::encodeName(from);
+    const QByteArray target = QFile::encodeName(to);
+    struct stat replaced = {};
+    if (::stat(target.constData(), &replaced) != 0)
+        return errorOf(errno);
+    {
+        const Descriptor file(from, O_RDONLY);
+        if (!file.isOpen())
+            return errorOf(errno);
+        file.takeRightsOf(replaced);
+        if (!file.sync())
+            return errorOf(errno);
+    }
+    if (::rename(source.constData(), target.constData()) != 0)
         return errorOf(errno);
     return syncFolderOf(to);
 }

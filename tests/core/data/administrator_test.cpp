@@ -38,13 +38,13 @@ TEST_F(AdministratorRow, SavesAnEmptyPasswordAsNull)
     const QString row = u"SELECT ﾃﾞｰﾀ,ﾊﾟｽﾜｰﾄﾞ FROM main WHERE 種類='管理者'"_s;
     EXPECT_TRUE(core::SaveAdministrator(shared, {u"店長"_s, u"Pass'1"_s}));
     EXPECT_THAT(rows(row), ElementsAre(u"店長|Pass'1"_s));
-    EXPECT_TRUE(CheckAdministrator(shared, u"店長"_s, u"Pass'1"_s));
-    EXPECT_FALSE(CheckAdministrator(shared, u"店長"_s, u"pass'1"_s));
+    EXPECT_EQ(CheckAdministrator(shared, u"店長"_s, u"Pass'1"_s), true);
+    EXPECT_EQ(CheckAdministrator(shared, u"店長"_s, u"pass'1"_s), false);
     EXPECT_EQ(core::LoadAdministrator(shared), (core::Administrator{u"店長"_s, u"Pass'1"_s}));
 
     EXPECT_TRUE(core::SaveAdministrator(shared, {u"店長"_s, {}}));
     EXPECT_THAT(rows(row), ElementsAre(u"店長|Null"_s));
-    EXPECT_TRUE(CheckAdministrator(shared, u"店長"_s, {}));
+    EXPECT_EQ(CheckAdministrator(shared, u"店長"_s, {}), true);
     EXPECT_THAT(messages.takeBoxes(),
                 ElementsAre(Box{64,
                                 u"管理者名が 『 Admin 』 から 『 店長 』 に変更されました。\r\n"
@@ -57,9 +57,10 @@ TEST_F(AdministratorRow, SavesAnEmptyPasswordAsNull)
 TEST_F(AdministratorRow, WithoutARowNothingMatchesAndNothingIsSaved)
 {
     execute(u"DELETE FROM main WHERE 種類='管理者'"_s);
-    EXPECT_FALSE(CheckAdministrator(shared, u"Admin"_s, {}));
-    EXPECT_FALSE(CheckAdministrator(shared, {}, {}));
+    EXPECT_EQ(CheckAdministrator(shared, u"Admin"_s, {}), false);
+    EXPECT_EQ(CheckAdministrator(shared, {}, {}), false);
     EXPECT_FALSE(core::SaveAdministrator(shared, {u"Admin"_s, {}}));
-    EXPECT_TRUE(messages.takeText().startsWith(u"保存できませんでした。"_s));
+    EXPECT_TRUE(messages.takeText().startsWith(u"保存できませんでした。\r\n場所： "_s
+                                               + file(u"main.mdb"_s)));
     EXPECT_EQ(takeErrors().size(), 1);
 }

@@ -18,7 +18,6 @@
 using namespace Qt::StringLiterals;
 using core::DataFileEntry;
 using core::DataKind;
-using core::Optimise;
 using testing::ElementsAre;
 using Box = ScriptedMessages::Box;
 
@@ -43,7 +42,12 @@ protected:
         data.execute(u"DELETE FROM 予定 WHERE 予定更新ID > "_s + QString::number(Rows / 2));
         EXPECT_TRUE(data.commit());
         EXPECT_EQ(data.errors().size(), 0);
-        return core::ListDataFiles(shared, kind).first();
+        return entries(kind).first();
+    }
+
+    bool run(const DataFileEntry& entry)
+    {
+        return core::Optimise(shared, entry, [] {});
     }
 
     bool open(storage::Connection& data, DataKind kind) const
@@ -70,7 +74,7 @@ TEST_F(Optimisation, CompactsEitherKindInItsPlace)
     for (const DataKind kind : {DataKind::Customer, DataKind::Repair}) {
         const DataFileEntry entry = makeFile(kind);
         const qint64 before = QFileInfo(path(kind)).size();
-        EXPECT_TRUE(Optimise(shared, entry));
+        EXPECT_TRUE(run(entry));
         EXPECT_THAT(messages.takeBoxes(), ElementsAre(Box{64, u"最適化が終了しました。"_s}));
         EXPECT_LT(QFileInfo(path(kind)).size(), before * 3 / 4);
         EXPECT_EQ(countRows(kind), Rows / 2);
@@ -88,36 +92,66 @@ TEST_F(Optimisation, AFileInUseAndALeftOverAreTold)
     {
         storage::Connection user;
         ASSERT_TRUE(open(user, DataKind::Repair));
-        EXPECT_FALSE(Optimise(shared, entry));
+        EXPECT_FALSE(run(entry));
     }
+    const QString left = file(u"Care/最適化.mdb"_s);
     writeFile(u"Care/最適化.mdb"_s, "left over");
-    EXPECT_FALSE(Optimise(shared, entry));
-    EXPECT_THAT(messages.takeBoxes(), ElementsAre(refusal, refusal));
-    EXPECT_EQ(QFileInfo(file(u"Care/最適化.mdb"_s)).size(), 9);
+    EXPECT_FALSE(run(entry));
+    const Box naming{16,
+                     refusal.text + u"\r\n前に途中で終わった最適化の「"_s + left
+                         + u"」が残っています。一覧のデータをすべて開けることが確認できれば、"
+                           "削除しても構いません。"_s};
+    EXPECT_THAT(messages.takeBoxes(), ElementsAre(refusal, naming));
+    EXPECT_EQ(QFileInfo(left).size(), 9);
+
+    // What is registered is no left-over.
+    execute(u"INSERT INTO main (種類,ﾃﾞｰﾀ) VALUES ('修理管理','最適化')"_s);
+    EXPECT_FALSE(run(entry));
+    EXPECT_THAT(messages.takeBoxes(), ElementsAre(refusal));
     EXPECT_EQ(countRows(DataKind::Repair), Rows / 2);
     EXPECT_EQ(shared.CustomerDataPath, QString());
 }
 
-TEST_F(Optimisation, KilledAtAnyMomentLosesNoRow)
+TEST_F(Optimisation, KeepsRightsAndLinksOfTheFile)
 {
-    constexpr int Kills = 20;
+    const DataFileEntry entry = makeFile(DataKind::Customer);
+    const QString real = file(u"本体.mdb"_s);
+    const auto forGroup =
+        QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::WriteGroup;
+    ASSERT_TRUE(QFile::rename(path(DataKind::Customer), real));
+    ASSERT_TRUE(QFile::link(real, path(DataKind::Customer)));
+    ASSERT_TRUE(QFile::setPermissions(real, forGroup));
+    const qint64 before = QFileInfo(real).size();
+    EXPECT_TRUE(run(entry));
+    messages.takeBoxes();
+    EXPECT_LT(QFileInfo(real).size(), before * 3 / 4);
+    EXPECT_TRUE(QFileInfo(path(DataKind::Customer)).isSymLink());
+    EXPECT_EQ(QFile::permissions(real) & (QFile::WriteGroup | QFile::ReadOther), QFile::WriteGroup);
+}
+
+TEST_F(Optimisation, KilledAtAnyMomentLeavesTheFileUnderItsName)
+{
+    const int kills = rounds("CORVANE_KILLS", 20);
     const DataFileEntry entry = makeFile(DataKind::Customer);
     const QString file = path(DataKind::Customer);
     const QString draft = QFileInfo(file).path() + u"/最適化.mdb"_s;
     ASSERT_TRUE(QFile::copy(file, file + u".kept"_s));
     core::CloseMainDatabase(shared); // nothing may be open where a child process starts
-    for (int i = 0; i < Kills; ++i) {
-        {
-            ChildProcess copy([&] { return Optimise(shared, entry); });
-            std::this_thread::sleep_for(std::chrono::milliseconds(4 * i));
-        }
-        if (!QFile::exists(file)) { // removed, and not yet renamed
-            ASSERT_TRUE(QFile::rename(draft, file));
-        }
-        EXPECT_EQ(countRows(DataKind::Customer), Rows / 2);
-        QFile::remove(draft);
-        QFile::remove(draft + u"-journal"_s);
+    const auto began = std::chrono::steady_clock::now();
+    ASSERT_TRUE(ChildProcess([&] { return run(entry); }).succeeded());
+    const auto whole = std::chrono::steady_clock::now() - began;
+    for (int i = 0; i < kills; ++i) {
         QFile::remove(file);
         ASSERT_TRUE(QFile::copy(file + u".kept"_s, file));
+        {
+            ChildProcess copy([&] { return run(entry); });
+            // More often towards the end, where the files change places.
+            const int left = kills - i;
+            std::this_thread::sleep_for(whole - whole * left * left / (kills * kills));
+        }
+        ASSERT_TRUE(QFile::exists(file)) << i;
+        EXPECT_EQ(countRows(DataKind::Customer), Rows / 2) << i;
+        QFile::remove(draft);
+        QFile::remove(draft + u"-journal"_s);
     }
 }

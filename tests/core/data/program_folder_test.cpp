@@ -68,25 +68,63 @@ TEST_F(Folder, IsNamedOrPortableOrTheUsers)
 
     qputenv("CORVANE_HOME", QFile::encodeName(path(u"named/"_s)));
     EXPECT_EQ(find().path, path(u"named"_s));
-    EXPECT_EQ(find().originals, QString());
+    EXPECT_EQ(find().originals, path(u"share/corvane"_s));
 }
 
-TEST_F(Folder, IsFilledWithWhatIsMissing)
+TEST_F(Folder, IsFilledWhenItIsMissingOrEmpty)
 {
     write(u"share/corvane/main.ldb"_s, "");
-    core::fillProgramFolder(find());
-    EXPECT_EQ(read(u"data/corvane/main.mdb"_s), "main");
-    EXPECT_EQ(read(u"data/corvane/menu.ini"_s), "menu");
-    EXPECT_TRUE(QFileInfo(path(u"data/corvane/main.mdb"_s)).permissions() & QFile::WriteOwner);
-    EXPECT_TRUE(QFileInfo(path(u"data/corvane/menu.ini"_s)).permissions() & QFile::WriteOwner);
+    for (const QString& home : {u"data/corvane"_s, u"named"_s}) {
+        if (home == u"named"_s) {
+            QDir().mkpath(path(home));
+            qputenv("CORVANE_HOME", QFile::encodeName(path(home)));
+        }
+        EXPECT_EQ(core::fillProgramFolder(find()), std::nullopt);
+        EXPECT_EQ(read(home + u"/main.mdb"_s), "main");
+        EXPECT_EQ(read(home + u"/menu.ini"_s), "menu");
+        EXPECT_TRUE(QFileInfo(path(home + u"/main.mdb"_s)).permissions() & QFile::WriteOwner);
+        EXPECT_TRUE(QFileInfo(path(home + u"/menu.ini"_s)).permissions() & QFile::WriteOwner);
+        EXPECT_FALSE(QFile::exists(path(home + u"/初回起動.new"_s)));
+    }
+}
 
-    // What a user has worked with is never replaced, nor is a database put beside its journal.
-    QFile::remove(path(u"data/corvane/menu.ini"_s));
+TEST_F(Folder, ThatHoldsAnythingIsLeftAlone)
+{
+    for (const QString& name : {u"Corvane/見本.mdb"_s, u"care/修理.mdb"_s, u"Care.mdb"_s,
+                                u"main.mdb-journal"_s, u".memo"_s}) {
+        const QString home = u"of "_s + name;
+        write(home + u'/' + name, "somebody's");
+        qputenv("CORVANE_HOME", QFile::encodeName(path(home)));
+        EXPECT_EQ(core::fillProgramFolder(find()), std::nullopt);
+        EXPECT_EQ(read(home + u"/main.mdb"_s), "missing") << name.toStdString();
+        EXPECT_EQ(read(home + u"/menu.ini"_s), "missing") << name.toStdString();
+    }
+}
+
+TEST_F(Folder, AFillingThatWasCutShortIsCompleted)
+{
+    write(u"data/corvane/初回起動.new"_s, "");
     write(u"data/corvane/menu.ini"_s, "mine");
-    QFile::rename(path(u"data/corvane/main.mdb"_s), path(u"data/corvane/main.mdb-journal"_s));
+    // Somebody has worked here since; a new main.mdb would hide it.
+    write(u"data/corvane/Care/修理.mdb"_s, "somebody's");
     core::fillProgramFolder(find());
-    EXPECT_EQ(read(u"data/corvane/menu.ini"_s), "mine");
     EXPECT_EQ(read(u"data/corvane/main.mdb"_s), "missing");
+
+    QDir(path(u"data/corvane/Care"_s)).removeRecursively();
+    EXPECT_EQ(core::fillProgramFolder(find()), std::nullopt);
+    EXPECT_EQ(read(u"data/corvane/main.mdb"_s), "main");
+    EXPECT_EQ(read(u"data/corvane/menu.ini"_s), "mine");
+}
+
+TEST_F(Folder, SaysWhyItCannotBeFilled)
+{
+    const QString inAFile = path(u"share/corvane/menu.ini/home"_s);
+    EXPECT_EQ(core::fillProgramFolder({inAFile, find().originals}),
+              u"プログラムフォルダ 『 "_s + inAFile + u" 』 を作成できません。"_s);
+    EXPECT_EQ(core::fillProgramFolder({path(u"new"_s), path(u"nothing"_s)}),
+              u"新しい main.mdb の元になる 『 "_s + path(u"nothing/main.mdb"_s)
+                  + u" 』 がありません。"_s);
+    EXPECT_FALSE(QFile::exists(path(u"new"_s)));
 }
 
 TEST_F(Folder, NamesLeadToRealFiles)
@@ -103,4 +141,9 @@ TEST_F(Folder, NamesLeadToRealFiles)
     EXPECT_EQ(programFile(home, u"\\care\\a.mdb"), home + u"/Care/a.mdb"_s);
     // A registry row with a name that leads elsewhere leads nowhere.
     EXPECT_EQ(core::dataFile(home, core::DataKind::Repair, u"../main"_s), QString());
+    // Beside an executable of that name, which some file systems take for the folder's.
+    write(u"stick/corvane"_s, "program");
+    write(u"stick/Corvane"_s, "program");
+    QDir().mkpath(path(u"stick/CORVANE"_s));
+    EXPECT_EQ(programFile(path(u"stick"_s), u"\\Corvane\\a.mdb"), path(u"stick/CORVANE/a.mdb"_s));
 }

@@ -33,12 +33,6 @@ protected:
         add(DataKind::Customer, u"乙"_s, u"秘密"_s);
         add(DataKind::Customer, u"甲"_s);
         add(DataKind::Repair, u"修理"_s);
-        messages.takeBoxes();
-    }
-
-    void add(DataKind kind, const QString& name, const QString& password = {})
-    {
-        ASSERT_TRUE(core::AddDataFile(shared, kind, name, password));
     }
 
     void show(DataKind kind)

@@ -110,7 +110,7 @@ TEST_F(Menu, HelpOpensTheHelpFileAndTheMenuStays)
     ASSERT_TRUE(QTest::qWaitForWindowActive(menu.get()));
     shared.HelpFilePath = u"/somewhere/help.chm"_s;
     QTest::keyClick(menu.get(), Qt::Key_F1);
-    opener.succeeds = false;
+    opener.outcome = core::Opened::NoProgram;
     QTest::mouseClick(button(5), Qt::LeftButton);
     EXPECT_THAT(opener.opened, ElementsAre(shared.HelpFilePath, shared.HelpFilePath));
     EXPECT_THAT(messages.takeBoxes(), ElementsAre(Box{16, u"ヘルプを開けませんでした。"_s}));

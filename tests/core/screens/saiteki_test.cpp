@@ -3,6 +3,7 @@
 #include "support/core/data/core_test.h"
 #include "support/core/screens/screen_doubles.h"
 
+#include <QFile>
 #include <QPushButton>
 #include <QTest>
 #include <QTreeWidget>
@@ -41,6 +42,35 @@ TEST_F(Saiteki, OptimisesTheSelectedFileOfEitherKind)
     }
     QTest::mouseClick(screen.findChild<QPushButton*>(u"Command2"_s), Qt::LeftButton);
     EXPECT_THAT(flow.shown, ElementsAre(core::Screen::Menu));
+}
+
+TEST_F(Saiteki, ThePointerIsSetBackBeforeTheMessage)
+{
+    class Watching : public ScriptedMessages {
+    public:
+        const QWidget* screen = nullptr;
+        QList<Qt::CursorShape> pointers;
+        core::Answer show(core::MessageStyle style, const QString& text,
+                          const QString& title) override
+        {
+            pointers.append(screen->cursor().shape());
+            return ScriptedMessages::show(style, text, title);
+        }
+    } watching;
+    add(DataKind::Customer, u"顧客"_s);
+    core::Shared watched(watching, clock);
+    watched.programFolder = folder();
+    core::saiteki screen(watched, flow);
+    watching.screen = &screen;
+    screen.show();
+    for (const QString& text :
+         {u"最適化が終了しました。"_s,
+          u"「 顧客 」は使用中の可能性があります。終了させてから実行して下さい。"_s}) {
+        QTest::mouseClick(screen.findChild<QPushButton*>(u"Command1"_s), Qt::LeftButton);
+        EXPECT_EQ(watching.takeText(), text);
+        QFile::remove(file(u"Corvane/顧客.mdb"_s));
+    }
+    EXPECT_THAT(watching.pointers, ElementsAre(Qt::ArrowCursor, Qt::ArrowCursor));
 }
 
 TEST_F(Saiteki, WithoutFilesThereIsNothingToStart)

@@ -20,6 +20,7 @@
 using namespace Qt::StringLiterals;
 using core::Screen;
 using testing::ElementsAre;
+using Box = ScriptedMessages::Box;
 
 namespace {
 
@@ -61,7 +62,7 @@ TEST_F(SmallScreens, TheSplashColourIsNeverBlack)
 TEST_F(SmallScreens, TheVersionScreenOpensAddresses)
 {
     RecordingOpener opener;
-    core::version screen(opener);
+    core::version screen(messages, opener);
     screen.findChild<QLineEdit*>(u"Text1"_s)->setText(u"http://shop.example/"_s);
     QTest::mouseClick(screen.findChild<QPushButton*>(u"Command1"_s), Qt::LeftButton);
     for (const QString& address : {u"a@shop.example"_s, u"MailTo:b@shop.example"_s, u"mail"_s}) {
@@ -71,6 +72,13 @@ TEST_F(SmallScreens, TheVersionScreenOpensAddresses)
     EXPECT_THAT(opener.opened,
                 ElementsAre(u"http://shop.example/"_s, u"mailto:a@shop.example"_s,
                             u"MailTo:b@shop.example"_s, u"mailto:mail"_s));
+    opener.outcome = core::Opened::NoProgram;
+    for (const QString& name : {u"Command1"_s, u"Command2"_s})
+        QTest::mouseClick(screen.findChild<QPushButton*>(name), Qt::LeftButton);
+    const QString noProgram = u"\r\nこのアドレスを開くプログラムがありません。"_s;
+    EXPECT_THAT(messages.takeBoxes(),
+                ElementsAre(Box{16, u"開けませんでした。\r\nhttp://shop.example/"_s + noProgram},
+                            Box{16, u"開けませんでした。\r\nmailto:mail"_s + noProgram}));
 }
 
 TEST_F(SmallScreens, TheConfirmationLeavesItsAnswer)

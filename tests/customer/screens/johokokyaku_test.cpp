@@ -67,9 +67,11 @@ TEST_F(JohokokyakuTest, MailAddressAndTextGoOut)
     button("MAIL").click();
     button("URL").click();
     EXPECT_EQ(opener.opened, QStringList({u"mailto:kato@example.jp"_s, u"http://example.jp/"_s}));
-    opener.succeeds = false;
+    opener.outcome = core::Opened::NoProgram;
     button("URL").click();
-    EXPECT_EQ(messages.takeText(), u"開けませんでした。\r\nhttp://example.jp/"_s);
+    EXPECT_EQ(messages.takeText(),
+              u"開けませんでした。\r\nhttp://example.jp/\r\n"
+              "このアドレスを開くプログラムがありません。"_s);
 
     EXPECT_EQ(button("UserText").accessibleName(), u"<b>加藤</b> & 子 の内容をコピー"_s);
     button("UserText").click();

@@ -210,10 +210,19 @@ TEST_F(KokyakuDeskTest, KeepsFilesOfACaseAndNeverTouchesThem)
     EXPECT_EQ(valueOf(u"SELECT 場所 FROM 件名関連ファイル"_s), path);
 
     chooseRow(7, 0);
-    opener.succeeds = false;
-    QTest::keyClick(&list(7), Qt::Key_Return);
-    EXPECT_EQ(opener.opened, QStringList({path}));
-    EXPECT_TRUE(messages.takeText().startsWith(u"ファイルを開けませんでした。"_s));
+    const std::pair<core::Opened, QString> outcomes[] = {
+        {core::Opened::Missing,
+         u"ファイルが見つかりません。\r\n"_s + path
+             + u"\r\n場所が変わっていないか確認して下さい。"_s},
+        {core::Opened::NoProgram,
+         u"ファイルを開けませんでした。\r\n"_s + path
+             + u"\r\nこの種類のファイルを開くプログラムがありません。"_s}};
+    for (const auto& [outcome, message] : outcomes) {
+        opener.outcome = outcome;
+        QTest::keyClick(&list(7), Qt::Key_Return);
+        EXPECT_EQ(messages.takeText(), message);
+    }
+    EXPECT_EQ(opener.opened, QStringList({path, path}));
 
     messages.willAnswer(core::Answer::Yes);
     control<QPushButton>("Command7").click();

@@ -53,6 +53,25 @@ void CoreTest::TearDown()
     EXPECT_EQ(takeErrors().size(), 0);
 }
 
+QList<core::DataFileEntry> CoreTest::entries(core::DataKind kind)
+{
+    const auto listed = core::ListDataFiles(shared, kind);
+    EXPECT_TRUE(listed);
+    return listed.value_or(QList<core::DataFileEntry>());
+}
+
+core::DataFileEntry CoreTest::add(core::DataKind kind, const QString& name, const QString& password)
+{
+    EXPECT_TRUE(core::AddDataFile(shared, kind, name, password));
+    messages.takeBoxes();
+    for (const core::DataFileEntry& entry : entries(kind)) {
+        if (entry.name == name)
+            return entry;
+    }
+    ADD_FAILURE() << "not listed: " << name.toStdString();
+    return {};
+}
+
 void CoreTest::writeFile(const QString& name, const QByteArray& bytes) const
 {
     QFile written(file(name));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/data/registry.h"
 #include "core/data/shared.h"
 #include "storage/schema/definitions.h"
 #include "support/fixed_clock.h"
@@ -20,6 +21,11 @@ protected:
     void makeFolder(storage::schema::Version version = storage::schema::Version::V311);
     // Makes the folder, and opens main.mdb.
     void openFolder();
+
+    // The registered files of a kind.
+    QList<core::DataFileEntry> entries(core::DataKind kind);
+    // Registers a new file; a failure when it is refused.
+    core::DataFileEntry add(core::DataKind kind, const QString& name, const QString& password = {});
 
     QString folder() const { return m_folder.path(); }
     QString file(const QString& name) const { return m_folder.filePath(name); }
