@@ -1,5 +1,6 @@
 #include "storage/engine/sqlite/session.h"
 
+#include "storage/engine/sqlite/busy_wait.h"
 #include "storage/engine/sqlite/cursor.h"
 #include "storage/engine/sqlite/error.h"
 
@@ -108,6 +109,9 @@ bool SqliteSession::wasUndone() const
 
 std::optional<Error> SqliteSession::begin(int depth)
 {
+    const EndOfWait end;
+    if (depth == 0)
+        letOthersFirst(m_lastWrite);
     const auto error =
         run({depth == 0 ? u"BEGIN IMMEDIATE"_s : u"SAVEPOINT "_s + savepoint(depth), {}}, nullptr);
     if (!error)
@@ -119,8 +123,10 @@ std::optional<Error> SqliteSession::commit(int depth)
 {
     const auto error =
         run({depth == 0 ? u"COMMIT"_s : u"RELEASE "_s + savepoint(depth), {}}, nullptr);
-    if (!error && depth == 0)
+    if (!error && depth == 0) {
         m_inTransaction = false;
+        m_lastWrite = std::chrono::steady_clock::now();
+    }
     return error;
 }
 

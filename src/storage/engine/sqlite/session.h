@@ -7,6 +7,7 @@
 
 #include <QHash>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -52,6 +53,7 @@ private:
     QHash<QString, Way> m_ways; // by the statement's text
     SqliteUpkeep m_upkeep;
     bool m_inTransaction = false;
+    std::chrono::steady_clock::time_point m_lastWrite; // the end of the last transaction
 };
 
 } // namespace storage::engine::sqlite
