@@ -2,12 +2,9 @@
 
 #include "bare_file.h"
 #include "opened_sample.h"
+#include "scratch_copy.h"
 
-#include "core/data/clock.h"
-#include "customer/data/customer_file.h"
 #include "customer/data/customers.h"
-
-#include <QFile>
 
 namespace bench {
 
@@ -53,46 +50,26 @@ QStringList addingStatements()
     };
 }
 
-QString copyOf(const QString& path, const QString& name)
-{
-    const QString copy = path.chopped(4) + name;
-    QFile::remove(copy);
-    if (!QFile::copy(path, copy))
-        giveUp(copy + u" cannot be written."_s);
-    return copy;
-}
-
 } // namespace
 
-Times compareAdding(const QString& path, const QString& password)
+Times compareAdding(const QString& path, const QString& password, QDate today)
 {
-    const QString ours = copyOf(path, u"-adding.mdb"_s);
-    const QString other = copyOf(path, u"-adding-bare.mdb"_s);
-    Times times;
-    {
-        NoMessages messages;
-        const core::SystemClock clock;
-        customer::CustomerFile file(messages, clock);
-        if (!OpenCustomerFile(file, ours, storage::Mode::ReadWrite))
-            giveUp(ours + u" cannot be opened."_s);
-        const BareFile bare(other, password);
-        const customer::CustomerFields fields = newCustomer();
-        const QStringList statements = addingStatements();
-        times = compare(
-            [&] {
-                if (addCustomer(file, fields) != core::SaveResult::Saved)
-                    giveUp(file.connection.lastError().message);
-            },
-            [&] {
-                for (const QString& statement : statements)
-                    bare.readAll(statement);
-            },
-            AddsInARun);
-    }
-    for (const QString& copy : {ours, other})
-        QFile::remove(copy);
-    QFile::remove(ours.chopped(4) + u".ldb"_s);
-    return times;
+    const ScratchCopy ours(path, u"adding"_s);
+    const ScratchCopy other(path, u"adding-bare"_s);
+    OpenedSample sample(ours.path(), today);
+    const BareFile bare(other.path(), password);
+    const customer::CustomerFields fields = newCustomer();
+    const QStringList statements = addingStatements();
+    return compare(
+        [&] {
+            if (addCustomer(sample.file(), fields) != core::SaveResult::Saved)
+                giveUp(sample.file().connection.lastError().message);
+        },
+        [&] {
+            for (const QString& statement : statements)
+                bare.readAll(statement);
+        },
+        AddsInARun);
 }
 
 } // namespace bench

@@ -130,6 +130,14 @@ QString BareFile::plan(const QString& statement) const
     return steps.join(u'\n');
 }
 
+qint64 BareFile::readNumber(const QString& statement) const
+{
+    const Prepared prepared = prepare(statement);
+    if (!prepared || sqlite3_step(prepared.get()) != SQLITE_ROW)
+        giveUp(statement + u": "_s + QString::fromUtf8(sqlite3_errmsg(m_handle.get())));
+    return sqlite3_column_int64(prepared.get(), 0);
+}
+
 QStringList BareFile::texts(const QString& statement) const
 {
     const Prepared prepared = prepare(statement);

@@ -33,6 +33,8 @@ public:
     std::optional<QList<qint64>> read(const HandWritten& rows, double atMost) const;
     // How the engine would go about a statement; empty when it refuses it.
     QString plan(const QString& statement) const;
+    // The first number that a statement gives.
+    qint64 readNumber(const QString& statement) const;
     // The texts in the first column.
     QStringList texts(const QString& statement) const;
 

@@ -3,12 +3,14 @@
 #include "customer_lists.h"
 #include "figures.h"
 #include "list_pages.h"
+#include "pages_written.h"
+#include "reading.h"
+#include "searches.h"
+#include "whole_file.h"
 
 #include "core/data/database_password.h"
 #include "programs/support/demo/sample_file.h"
 #include "programs/support/templates.h"
-#include "storage/connection.h"
-#include "storage/recordset.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -21,6 +23,8 @@
 using namespace Qt::StringLiterals;
 using bench::BareFile;
 using bench::Figures;
+using bench::readRows;
+using bench::require;
 using bench::Times;
 
 namespace {
@@ -69,25 +73,6 @@ QString bareSearch()
 QString bareReadOfSearched()
 {
     return u"SELECT "_s + searchedColumns(u'"', u'"', u", "_s) + u" FROM \"ユーザー\""_s;
-}
-
-void require(bool holds, const storage::Connection& file)
-{
-    if (!holds || !file.errors().isEmpty())
-        bench::giveUp(file.lastError().message);
-}
-
-// Reads every value of the rows from the current one on; gives their number.
-qint64 readRows(storage::Recordset& rows, qint64 atMost)
-{
-    const int fields = rows.fieldCount();
-    qint64 count = 0;
-    // Not one step further than asked for: it would read the next page.
-    for (bool onRow = !rows.eof(); onRow; onRow = ++count < atMost && rows.moveNext()) {
-        for (int field = 0; field < fields; ++field)
-            const QString value = rows.value(field).toText();
-    }
-    return count;
 }
 
 void readPage(storage::Connection& file, const QString& statement, bool counted)
@@ -224,9 +209,12 @@ int main(int argc, char** argv)
     measureStorage(figures, files, password, count);
     bench::measureCustomerLists(figures, files.encrypted, password, Today);
     figures.measure(u"add of a customer"_s, 1.5,
-                    [&] { return bench::compareAdding(files.encrypted, password); });
+                    [&] { return bench::compareAdding(files.encrypted, password, Today); });
+    bench::measurePagesWritten(figures, files.encrypted, password, Today);
     measureEncryption(figures, files, password);
     measureOpening(figures, files, password);
+    bench::measureWholeFile(figures, files.encrypted, password);
+    bench::measureSearches(figures, files.encrypted, password);
     bench::measureListPages(figures, files.encrypted, password, Today);
     if (figures.count() == 0)
         bench::giveUp(u"No figure has such a name."_s);

@@ -16,6 +16,7 @@ namespace bench {
 
 namespace {
 
+const QString OrderBy = u" ORDER BY "_s;
 const QString Customer = uR"("ユーザー" AS u)"_s;
 const QString OfCustomer = uR"( WHERE u."_rowid_" = ?1)"_s;
 const QString CaseColumns =
@@ -55,6 +56,7 @@ HandFilter recent(int days, QDate today)
     return {u"最近更新 of "_s + QString::number(days) + u" days"_s,
             customer::recentCustomers(settings, today),
             {condition},
+            {},
             settings};
 }
 
@@ -63,7 +65,8 @@ HandFilter ofState(const QString& state, const customer::ListFilter& filter)
     return {state,
             filter,
             {uR"(corvane_fold(k."判定") = ')"_s + state + u'\'',
-             uR"(corvane_key(k."判定") = corvane_key(')"_s + state + u"')"_s}};
+             uR"(corvane_key(k."判定") = corvane_key(')"_s + state + u"')"_s},
+            u"判定"_s};
 }
 
 QStringList addresses(const HandList& list)
@@ -91,6 +94,23 @@ QString withIndex(const HandSource& source, const QString& index)
     return from.replace(u'@', index.isEmpty() ? QString() : uR"( INDEXED BY ")"_s + index + u'"');
 }
 
+// The sources that begin with the table of the order, with each index that has the order.
+QStringList inOrder(const BareFile& bare, const HandList& list, const HandOrder& order,
+                    const QString& function)
+{
+    const QString part = function + u"(\""_s + order.ordered + u"\")"_s;
+    QStringList sources;
+    for (const HandSource& source : list.sources) {
+        if (source.table != order.table)
+            continue;
+        for (const QString& index :
+             bare.texts(IndexesOf + source.name + BeginningWith + part + u"')"_s))
+            sources += withIndex(source, index);
+        sources += withIndex(source, {});
+    }
+    return sources;
+}
+
 } // namespace
 
 HandList customerList(customer::CustomerFile& file, QDate today)
@@ -101,7 +121,7 @@ HandList customerList(customer::CustomerFile& file, QDate today)
     list.aliases = QStringList{u"u"_s};
     list.sources = {{u"u"_s, u"ユーザー"_s, Customer + u'@'}};
     list.ofRow = u"SELECT u.* FROM "_s + Customer + OfCustomer;
-    list.tieBreak = uR"(, u."ﾕｰｻﾞｰID")"_s;
+    list.tieBreak = uR"(u."ﾕｰｻﾞｰID")"_s;
     list.orders = {{u"表示名ﾌﾘｶﾞﾅ"_s, 0, u"u"_s, u"表示名ﾌﾘｶﾞﾅ"_s, ByKey},
                    {u"自宅TEL"_s, 1, u"u"_s, u"自宅TEL"_s, ByKey},
                    {u"会社TEL"_s, 2, u"u"_s, u"会社TEL"_s, ByKey},
@@ -123,7 +143,7 @@ HandList caseList(customer::CustomerFile& file)
     list.sources = {{u"k"_s, u"件名"_s, Case + u"@ CROSS JOIN "_s + Customer + Owned},
                     {u"u"_s, u"ユーザー"_s, Customer + u"@ CROSS JOIN "_s + Case + Owned}};
     list.ofRow = u"SELECT "_s + CaseColumns + u" FROM "_s + OfCase;
-    list.tieBreak = uR"(, k."件名ID")"_s;
+    list.tieBreak = uR"(k."件名ID")"_s;
     list.orders = {{u"登録日"_s, 0, u"k"_s, u"登録日"_s, ByKeyOrFold},
                    {u"予定日"_s, 1, u"k"_s, u"予定日"_s, ByKeyOrFold},
                    {u"表示名"_s, 2, u"u"_s, u"表示名"_s, ByKey},
@@ -171,8 +191,6 @@ QString HandWay::count() const
 std::vector<HandWay> handWays(const BareFile& bare, const HandList& list, const HandOrder& order,
                               bool descending, const HandFilter& filter)
 {
-    const QStringList conditions =
-        filter.conditions.isEmpty() ? QStringList{{}} : filter.conditions;
     std::vector<HandWay> ways;
     QSet<QString> plans; // two that the engine reads alike are one
     const auto add = [&](const HandWay& way) {
@@ -182,22 +200,20 @@ std::vector<HandWay> handWays(const BareFile& bare, const HandList& list, const 
             ways.push_back(way);
         }
     };
-    for (const QString& condition : conditions) {
+    const QString tail = (descending ? u" DESC, "_s : u", "_s) + list.tieBreak;
+    for (const QString& condition :
+         filter.conditions.isEmpty() ? QStringList{{}} : filter.conditions) {
+        // Where all rows are alike in the column of the order, only the tie-break orders them.
+        if (order.ordered == filter.onlyValueOf)
+            add({withIndex(list.sources.first(), {}), condition, OrderBy + list.tieBreak});
         for (const QString& function : order.functions) {
             const QString key = function + u'(' + order.table + u".\""_s + order.ordered + u"\")"_s;
-            const QString tail = (descending ? u" DESC"_s : QString()) + list.tieBreak;
-            const QString sorted = u" ORDER BY +"_s + key + tail;
-            const QString ordered = u" ORDER BY "_s + key + tail;
+            for (const QString& source : inOrder(bare, list, order, function))
+                add({source, condition, OrderBy + key + tail});
+            // To begin with another table than the order's and the list's own serves nothing.
             for (const HandSource& source : list.sources) {
-                if (source.table == order.table) {
-                    const QString part = function + u"(\""_s + order.ordered + u"\")"_s;
-                    for (const QString& index :
-                         bare.texts(IndexesOf + source.name + BeginningWith + part + u"')"_s))
-                        add({withIndex(source, index), condition, ordered});
-                    add({withIndex(source, {}), condition, ordered});
-                }
                 if (source.table == order.table || source.table == list.aliases.first())
-                    add({withIndex(source, {}), condition, sorted});
+                    add({withIndex(source, {}), condition, OrderBy + u'+' + key + tail});
             }
         }
     }

@@ -31,6 +31,7 @@ struct HandFilter {
     QString name;
     customer::ListFilter filter;
     QStringList conditions;           // each gives the filter's rows; none: all rows
+    QString onlyValueOf = {};         // a column that holds the same in all these rows
     customer::Settings settings = {}; // with which the list is opened
 };
 

@@ -1,0 +1,133 @@
+#include "pages_written.h"
+
+#include "bare_file.h"
+#include "opened_sample.h"
+#include "scratch_copy.h"
+#include "write_counter.h"
+
+#include "core/data/clock.h"
+#include "customer/data/cases.h"
+#include "customer/data/customers.h"
+#include "customer/data/logs.h"
+
+#include <algorithm>
+#include <functional>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace bench {
+
+namespace {
+
+constexpr int Adds = 50;
+constexpr int Stride = 19;              // from one record that is taken for a pattern to the next
+constexpr int HighNumber = 100'000'000; // above the numbers of a sample
+
+struct NumberedTable {
+    QString name;
+    QString autoNumber;
+    QString number;
+};
+const NumberedTable Tables[] = {{u"ユーザー"_s, u"ﾕｰｻﾞｰ更新ID"_s, u"ﾕｰｻﾞｰID"_s},
+                                {u"件名"_s, u"件名更新ID"_s, u"件名ID"_s},
+                                {u"ログ"_s, u"ログ更新ID"_s, u"ログID"_s}};
+const QString QuotedColumns = u"SELECT '\"' || name || '\"' FROM pragma_table_info('"_s;
+const QString CountOfCustomers = uR"(SELECT count(*) FROM "ユーザー")"_s;
+const QString Begin = u"BEGIN IMMEDIATE"_s;
+const QString Commit = u"COMMIT"_s;
+
+struct Add {
+    QString name;
+    double limit;
+    std::function<core::SaveResult(customer::CustomerFile& file, const core::RecordKey& pattern)>
+        save;
+};
+
+// The customer and the case for which all cases and all log entries are added.
+core::RecordKey owner()
+{
+    return {1, 0, 1, {}};
+}
+
+const Add AllAdds[] = {{u"pages written by the add of a customer"_s, 12,
+                        [](customer::CustomerFile& file, const core::RecordKey& pattern) {
+                            return addCustomer(file, readCustomer(file, pattern)->fields);
+                        }},
+                       {u"pages written by the add of a case"_s, 22,
+                        [](customer::CustomerFile& file, const core::RecordKey& pattern) {
+                            customer::CaseFields fields = readCase(file, pattern)->fields;
+                            fields.registered = file.clock.today();
+                            return addCase(file, owner(), fields);
+                        }},
+                       {u"pages written by the add of a log entry"_s, 10,
+                        [](customer::CustomerFile& file, const core::RecordKey& pattern) {
+                            customer::LogFields fields = readLog(file, pattern)->fields;
+                            fields.recorded = file.clock.today();
+                            return addLog(file, owner(), fields);
+                        }}};
+
+// Adds copies of every tenth row, under numbers of their own. The pages of indexes that were
+// just built are full and are divided by the first rows that come into them; those of a file in use
+// have room.
+void makeRoom(const BareFile& bare)
+{
+    bare.readAll(Begin);
+    for (const NumberedTable& table : Tables) {
+        const QString names =
+            bare.texts(QuotedColumns + table.name + u"') WHERE pk = 0"_s).join(u", "_s);
+        const QString number = u'"' + table.number + u'"';
+        QString values = names;
+        values.replace(number, number + u" + "_s + QString::number(HighNumber));
+        bare.readAll(u"INSERT INTO \""_s + table.name + u"\" ("_s + names + u") SELECT "_s + values
+                     + u" FROM \""_s + table.name + u"\" WHERE \""_s + table.autoNumber
+                     + u"\" % 10 = 0"_s);
+    }
+    bare.readAll(Commit);
+}
+
+// Pages that the usual add of a record writes: the median over records like those of the file,
+// which go to other places in its indexes each.
+double pagesWritten(const QString& path, qint64 pageSize, qint64 customers, QDate today,
+                    const Add& add)
+{
+    const WriteCounter counter;
+    OpenedSample sample(path, today);
+    std::vector<double> pages;
+    for (int turn = 0; turn < Adds; ++turn) {
+        const qint64 number = 1 + turn * (customers / Adds);
+        const qint64 before = counter.bytes();
+        if (add.save(sample.file(), {number, 0, number, {}}) != core::SaveResult::Saved)
+            giveUp(sample.file().connection.lastError().message);
+        pages.push_back(static_cast<double>(counter.bytes() - before)
+                        / static_cast<double>(pageSize));
+    }
+    std::ranges::sort(pages);
+    return pages[pages.size() / 2];
+}
+
+} // namespace
+
+void measurePagesWritten(Figures& figures, const QString& path, const QString& password,
+                         QDate today)
+{
+    if (std::ranges::none_of(AllAdds, [&](const Add& add) { return figures.wants(add.name); }))
+        return;
+    const ScratchCopy copy(path, u"written"_s);
+    qint64 pageSize = 0;
+    qint64 customers = 0;
+    {
+        const BareFile bare(copy.path(), password);
+        customers = bare.readNumber(CountOfCustomers);
+        makeRoom(bare);
+        pageSize = bare.readNumber(u"PRAGMA page_size"_s);
+    }
+    for (const Add& add : AllAdds) {
+        if (figures.wants(add.name)) {
+            figures.report(add.name, pagesWritten(copy.path(), pageSize, customers, today, add),
+                           add.limit, u"median of "_s + QString::number(Adds) + u" adds"_s);
+        }
+    }
+}
+
+} // namespace bench

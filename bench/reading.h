@@ -1,0 +1,14 @@
+#pragma once
+
+#include "storage/connection.h"
+#include "storage/recordset.h"
+
+namespace bench {
+
+// Ends the program when a step of the storage surface has failed.
+void require(bool holds, const storage::Connection& file);
+
+// Reads every value of the rows from the current one on, at most so many; gives their number.
+qint64 readRows(storage::Recordset& rows, qint64 atMost);
+
+} // namespace bench
