@@ -8,7 +8,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QList<Table> customerTables(Version version)
+// Customers, their cases and the logs of these.
+QList<Table> recordTables(Version version)
 {
     return {
         TableBuilder(u"ユーザー"_s, version)
@@ -41,6 +42,12 @@ QList<Table> customerTables(Version version)
             .texts(u"Rログ"_s)
             .moments(u"更新日時"_s)
             .build(),
+    };
+}
+
+QList<Table> deliveryTables(Version version)
+{
+    return {
         TableBuilder(u"納品リスト"_s, version)
             .autoNumber(u"納品更新ID"_s)
             .longs(u"納品識別ID ユーザーID 納品ID"_s)
@@ -56,6 +63,13 @@ QList<Table> customerTables(Version version)
             .texts(u"月々支払 備考"_s)
             .moments(u"更新日時"_s)
             .build(),
+    };
+}
+
+// What hangs on customers and cases.
+QList<Table> attachmentTables(Version version)
+{
+    return {
         TableBuilder(u"ユーザー関連ファイル"_s, version)
             .autoNumber(u"ﾕｰｻﾞｰ関連更新ID"_s)
             .longs(u"ﾕｰｻﾞｰ関連識別ID ﾕｰｻﾞｰ関連ID ﾕｰｻﾞｰID"_s)
@@ -187,7 +201,8 @@ Definition customerFile(Version version)
     };
 
     Definition definition;
-    definition.tables = customerTables(version) + common + printTables(version);
+    definition.tables = recordTables(version) + deliveryTables(version) + attachmentTables(version)
+        + common + printTables(version);
     definition.indexes =
         possibleIndexes(customerIndexes() + caseIndexes() + scheduleIndexes(), definition.tables);
     // Margins in millimetres; the log preview's size in twips.
