@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // The same as the program's own settings.
-constexpr char Settings[] = "PRAGMA journal_mode = DELETE; PRAGMA synchronous = FULL; "
+constexpr char Settings[] = "PRAGMA journal_mode = DELETE; PRAGMA synchronous = EXTRA; "
                             "PRAGMA temp_store = MEMORY; PRAGMA cache_size = -32768; "
                             "PRAGMA cell_size_check = ON;";
 constexpr int StepsBetweenLooks = 2000;

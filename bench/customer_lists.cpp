@@ -41,15 +41,15 @@ const QString CasesFirst = Cases
     + uR"("件名" AS k CROSS JOIN "ユーザー" AS u ON u."ﾕｰｻﾞｰ識別ID" = k."件名識別ID" AND u."ﾕｰｻﾞｰID" = k."ユーザーID")"_s;
 const QString CustomersFirst = Cases
     + uR"("ユーザー" AS u CROSS JOIN "件名" AS k ON u."ﾕｰｻﾞｰ識別ID" = k."件名識別ID" AND u."ﾕｰｻﾞｰID" = k."ユーザーID")"_s;
-const QString CaseOrder = uR"( ORDER BY corvane_key(k."登録日"), k."件名ID")"_s;
+const QString CaseOrder = uR"( ORDER BY corvane_fold(k."登録日"), k."件名ID")"_s;
 // The same for few rows out of many: they are found first and sorted then.
-const QString FewCasesOrder = uR"( ORDER BY +corvane_key(k."登録日"), k."件名ID")"_s;
+const QString FewCasesOrder = uR"( ORDER BY +corvane_fold(k."登録日"), k."件名ID")"_s;
 const QString CaseText =
     uR"( WHERE corvane_like(?, k."登録日", u."表示名", k."件名", k."備考", k."判定"))"_s;
 const QString CaseState = uR"( WHERE corvane_fold(k."判定") = ?)"_s;
 const QString CaseDay = uR"( WHERE corvane_fold(k."登録日") = ? OR corvane_fold(k."予定日") = ?)"_s;
 const QString Logs = uR"(SELECT * FROM "ログ" WHERE "件名ID" = # AND "ログ識別ID" = 0)"_s;
-const QString LogOrder = uR"( ORDER BY corvane_key("登録日"), "ログID")"_s;
+const QString LogOrder = uR"( ORDER BY corvane_fold("登録日"), "ログID")"_s;
 const QString FirstPage = u" LIMIT 100"_s;
 
 // Texts that stand for the question marks of a statement.

@@ -7,7 +7,7 @@
 namespace bench {
 
 core::Answer NoMessages::show(core::MessageStyle /*style*/, const QString& text,
-                              const QString& /*title*/)
+                              const QString& /*title*/, const QString& /*details*/)
 {
     giveUp(text);
 }

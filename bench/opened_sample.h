@@ -14,7 +14,8 @@ namespace bench {
 // Nobody is there to answer: whatever is said ends the run.
 class NoMessages : public core::Messages {
 public:
-    core::Answer show(core::MessageStyle style, const QString& text, const QString& title) override;
+    core::Answer show(core::MessageStyle style, const QString& text, const QString& title,
+                      const QString& details) override;
     std::optional<QString> askText(const QString& prompt, const QString& title,
                                    bool secret) override;
 };

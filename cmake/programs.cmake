@@ -1,5 +1,6 @@
-# corvane_program(NAME PATH folder [WIDGETS] USES target...)
-#   One program of folder/**.cpp, or of folder.cpp alone. Left out while it has no sources.
+# corvane_program(NAME PATH folder [WIDGETS] [WITHOUT source...] USES target...)
+#   One program of folder/**.cpp, or of folder.cpp alone. Left out while it has no sources. WITHOUT:
+#   sources in the folder that are programs by themselves.
 # corvane_templates()
 #   The read-only originals of the data files, made by make_templates into share/corvane.
 # corvane_help()
@@ -10,8 +11,11 @@
 #   One libFuzzer program for each source in the folder.
 
 function(corvane_program name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "WIDGETS" "PATH" "USES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "WIDGETS" "PATH" "WITHOUT;USES")
     corvane_sources(sources ${arg_PATH})
+    foreach(other IN LISTS arg_WITHOUT)
+        list(REMOVE_ITEM sources ${PROJECT_SOURCE_DIR}/${other})
+    endforeach()
     file(GLOB single CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${arg_PATH}.cpp)
     if(NOT sources AND NOT single)
         return()

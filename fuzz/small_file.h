@@ -108,7 +108,7 @@ inline Database made(const QString& name, const storage::schema::Definition& def
     storage::Error error;
     QRandomGenerator random(20261122);
     database.session = storage::engine::createEmbedded(folder.filePath(name), u"x"_s, &error);
-    if (!database.session || database.session->create(definition)
+    if (!database.session || database.session->upkeep().create(definition)
         || database.session->readCatalog(&database.catalog) || database.session->begin(0))
         give(u"no database: "_s + error.message);
     for (const storage::schema::Table& table : definition.tables)

@@ -8,18 +8,24 @@
 #include "ui/desktop_opener.h"
 #include "ui/message_boxes.h"
 #include "ui/user_settings.h"
+#include "ui/wait_cursor.h"
 
 #include <QApplication>
+
+#include <csignal>
 
 using namespace Qt::StringLiterals;
 
 int main(int argc, char** argv)
 {
+    // A limit on the size of files is to be told as a full disk is, not to end the program.
+    std::signal(SIGXFSZ, SIG_IGN);
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(u"corvane"_s);
     QCoreApplication::setApplicationVersion(core::versionText());
     ui::setUpApplication(application);
 
+    const ui::WaitCursor waitCursor;
     ui::MessageBoxes messages;
     const core::SystemClock clock;
     core::Shared shared(messages, clock);

@@ -37,6 +37,8 @@ void printError(const storage::Error& error)
     QString line = u"! "_s + escaped(error.message);
     if (error.position >= 0)
         line += u" ("_s + QString::number(error.position + 1) + u"文字目)"_s;
+    if (!error.details.isEmpty())
+        line += u" ("_s + escaped(error.details) + u')';
     print(line);
 }
 

@@ -2,13 +2,17 @@
 
 #include "storage/data_files/file_lock.h"
 #include "storage/engine/engine.h"
+#include "storage/listed_texts.h"
 #include "storage/schema/catalog.h"
 #include "storage/schema/definitions.h"
 #include "storage/sql/compile.h"
+#include "storage/transaction.h"
 
 #include <QCache>
 #include <QFile>
 #include <QFileInfo>
+
+#include <functional>
 
 namespace storage {
 
@@ -32,6 +36,7 @@ struct Connection::Private {
     // again. The places of the values are still empty in them.
     QCache<std::pair<QString, QByteArray>, sql::Compiled> compiled{64};
     int depth = 0;
+    ListedTexts listed;
     bool catalogChanged = false; // inside the open transaction
 };
 
@@ -59,22 +64,29 @@ QByteArray lettersOf(const QList<ValueType>& types)
     return letters;
 }
 
-// Indexes that another version of the text rules has made are renewed before anybody reads by them.
-std::optional<Error> settleTextIndexes(engine::Session& session, FileLock& lock, Mode mode)
+// Does a step that is the better for being the only copy that has the file open.
+std::optional<Error> tryAlone(FileLock& lock, Mode mode,
+                              const std::function<std::optional<Error>(bool alone)>& step)
 {
-    if (!session.hasForeignTextIndexes())
-        return {};
     if (mode == Mode::ShareExclusive)
-        return session.renewTextIndexes(true);
-    const bool onlyCopy = lock.raise();
+        return step(true);
+    const bool alone = lock.raise();
     std::optional<Error> error;
     if (lock.isHeld())
-        error = session.renewTextIndexes(onlyCopy);
-    if (onlyCopy)
+        error = step(alone);
+    if (alone)
         lock.lower();
     if (!lock.isHeld())
         return Error{ErrorKind::InUse, u"ファイルは他で使用中の為、開くことができません。"_s};
     return error;
+}
+
+// Indexes that another version of the text rules has made are renewed before anybody reads by them.
+std::optional<Error> settleTextIndexes(engine::Upkeep& upkeep, FileLock& lock, Mode mode)
+{
+    if (!upkeep.hasForeignTextIndexes())
+        return {};
+    return tryAlone(lock, mode, [&](bool alone) { return upkeep.renewTextIndexes(alone); });
 }
 
 } // namespace
@@ -101,7 +113,7 @@ bool Connection::open(const QString& path, const QString& password, Mode mode)
     auto session = engine::openEmbedded(path, password, &error);
     if (!session)
         return fail(error);
-    if (auto failure = settleTextIndexes(*session, *lock, mode))
+    if (auto failure = settleTextIndexes(session->upkeep(), *lock, mode))
         return fail(*failure);
     return adopt(std::make_unique<Private>(std::move(*lock), std::move(session), path, mode));
 }
@@ -118,7 +130,7 @@ bool Connection::create(const QString& path, const QString& password,
     auto session = engine::createEmbedded(path, password, &error);
     if (!session)
         return fail(error);
-    if (auto failure = session->create(definition)) {
+    if (auto failure = session->upkeep().create(definition)) {
         session.reset();
         QFile::remove(path);
         return fail(*failure);
@@ -212,16 +224,49 @@ bool Connection::execute(const QString& statement, const QList<Value>& values, q
     if (!compile(statement, values, &compiled))
         return false;
     qint64 written = 0;
-    if (auto error = d->session->run(compiled.statement, &written)) {
-        error->statement = statement;
-        return fail(*error);
-    }
+    if (!runWrite(compiled, statement, &written))
+        return false;
     if (affected)
         *affected = compiled.kind == sql::StatementKind::Write ? written : 0;
     if (compiled.kind != sql::StatementKind::Definition)
         return true;
     d->catalogChanged = d->depth > 0;
     return rereadCatalog();
+}
+
+// The texts that a statement brings are listed in one step with it.
+bool Connection::runWrite(const sql::Compiled& compiled, const QString& statement, qint64* written)
+{
+    std::optional<Transaction> own;
+    const bool lists = !compiled.listed.isEmpty();
+    if (lists && !own.emplace(*this).isActive())
+        return false;
+    auto error = lists ? d->listed.run(*d->session, compiled, written)
+                       : d->session->run(compiled.statement, written);
+    if (error) {
+        error->statement = statement;
+        return fail(*error);
+    }
+    return !own || own->commit();
+}
+
+bool Connection::listTexts(const QString& table, const QList<std::pair<QString, Value>>& values)
+{
+    const schema::Table* found = d->catalog.find(table);
+    return !found || check(d->listed.add(*d->session, *found, values));
+}
+
+QStringList Connection::distinctTexts(const QString& table, const QString& column)
+{
+    const schema::Table* found = catalog().find(table);
+    const int place = found ? found->indexOf(column) : -1;
+    QStringList texts;
+    if (place < 0) {
+        fail({ErrorKind::Name, u"列「"_s + column + u"」がありません。"_s});
+    } else if (!check(ListedTexts::read(*d->session, *found, found->columns()[place], &texts))) {
+        texts.clear();
+    }
+    return texts;
 }
 
 bool Connection::begin()
@@ -253,6 +298,7 @@ bool Connection::rollBack()
     if (transactionDepth() == 0)
         return fail(stateError(u"トランザクションは開始されていません。"_s));
     --d->depth;
+    d->listed.forget();
     const bool rolledBack = check(d->session->rollBack(d->depth));
     if (!d->catalogChanged)
         return rolledBack;
@@ -265,11 +311,19 @@ int Connection::transactionDepth() const
     return d ? d->depth : 0;
 }
 
-bool Connection::completeIndexes(const schema::Definition& definition)
+bool Connection::bringUpToDate(const schema::Definition& definition)
 {
     if (!isOpen() || d->depth > 0)
         return fail(stateError(u"この状態では索引を作成できません。"_s));
-    return check(d->session->completeIndexes(definition));
+    engine::Upkeep& upkeep = d->session->upkeep();
+    const auto convert = [&](bool alone) {
+        return alone ? upkeep.convert(definition) : std::nullopt;
+    };
+    const bool done = check(upkeep.hasFormerFormat() ? tryAlone(d->lock, d->mode, convert)
+                                                     : upkeep.completeIndexes(definition));
+    if (!d->lock.isHeld())
+        close();
+    return done && rereadCatalog();
 }
 
 const schema::Catalog& Connection::catalog() const

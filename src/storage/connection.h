@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -71,9 +72,18 @@ public:
     bool rollBack();
     int transactionDepth() const;
 
-    // Makes those indexes of the definition that the file lacks, as far as their columns are there;
-    // called after an upgrade.
-    bool completeIndexes(const schema::Definition& definition);
+    // Brings the open file to what this program makes of the definition; called after an upgrade. A
+    // file of the former format is converted when no other copy has it open, else it is used as it
+    // is. Indexes that a file of today's format lacks are made, as far as their columns are there.
+    // On failure the file is as it was and may be used. Only InUse closes it: while its lock was
+    // being raised another copy came first.
+    bool bringUpToDate(const schema::Definition& definition);
+
+    // All different texts of a column in their order, as they are stored; Null and the empty text
+    // are left out. Of a column whose texts the file lists (schema::Column::isListed), this costs a
+    // look at the list, in which a text stays when its last row goes. Others are read from all
+    // rows. Empty on failure; Name when there is no such column.
+    QStringList distinctTexts(const QString& table, const QString& column);
 
     // The tables and columns of the open file as statements see them (names beginning with "_" are
     // not among them); reread after a statement that changes them.
@@ -97,6 +107,9 @@ public:
     // Who reads from the connection.
     void addUser(ConnectionUser* user);
     void removeUser(ConnectionUser* user);
+    // Takes what a row's values, by canonical column name, bring to the lists of its table's texts;
+    // to be called in the transaction that writes the row.
+    bool listTexts(const QString& table, const QList<std::pair<QString, Value>>& values);
 
 private:
     struct Private;
@@ -104,6 +117,7 @@ private:
     bool check(std::optional<Error> error); // records it, if there is one
     bool rereadCatalog();
     bool fill(const QString& statement, const QList<Value>& values, sql::Compiled* compiled);
+    bool runWrite(const sql::Compiled& compiled, const QString& statement, qint64* written);
 
     std::unique_ptr<Private> d;
     QList<ConnectionUser*> m_users;

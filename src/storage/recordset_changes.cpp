@@ -142,11 +142,12 @@ bool Recordset::Private::append()
     if (connection->transactionDepth() == 0 && !own.emplace(*connection).isActive())
         return false;
     engine::Session& session = *connection->session();
-    if (!writeOne(sql::insertRow({table.name(), changedValues()}, table, session.dialect())))
+    const auto values = changedValues();
+    if (!writeOne(sql::insertRow({table.name(), values}, table, session.dialect())))
         return false;
     std::vector<Value> row = changedRow();
     row.back() = Value(session.lastRowAddress());
-    if (!readAgain(&row) || (own && !own->commit()))
+    if (!readAgain(&row) || !connection->listTexts(table.name(), values) || (own && !own->commit()))
         return false;
     newRow = std::move(row);
     forgetChanges();
@@ -162,10 +163,10 @@ bool Recordset::Private::change()
         return false;
     const auto& dialect = connection->session()->dialect();
     std::vector<Value> row = changedRow();
-    if (!writeOne(sql::updateRow({table.name(), changedValues()}, table, row.back(), readStamp(),
-                                 dialect)))
+    const auto values = changedValues();
+    if (!writeOne(sql::updateRow({table.name(), values}, table, row.back(), readStamp(), dialect)))
         return false;
-    if (!readAgain(&row) || (own && !own->commit()))
+    if (!readAgain(&row) || !connection->listTexts(table.name(), values) || (own && !own->commit()))
         return false;
     if (stand == Stand::Row)
         reader->replaceRow(row);

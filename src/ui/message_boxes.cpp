@@ -8,6 +8,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTextEdit>
 
 using namespace Qt::Literals::StringLiterals;
 using core::Answer;
@@ -69,14 +70,36 @@ Answer answerOf(int button)
     }
 }
 
+// Folded away behind a button, which Qt names anew, by its own translations, at each press: after
+// that the press comes here.
+void addDetails(QMessageBox& box, const QString& details)
+{
+    if (details.isEmpty())
+        return;
+    box.setDetailedText(details);
+    const auto* const text = box.findChild<QTextEdit*>();
+    for (QPushButton* const button : box.findChildren<QPushButton*>()) {
+        if (!text || box.standardButton(button) != QMessageBox::NoButton)
+            continue;
+        const auto nameButton = [button, text] {
+            button->setText(text->isVisible() ? u"詳細を隠す(&D)"_s : u"詳細を表示(&D)"_s);
+        };
+        nameButton();
+        QObject::connect(button, &QAbstractButton::clicked, button, nameButton,
+                         Qt::QueuedConnection);
+    }
+}
+
 } // namespace
 
-Answer MessageBoxes::show(MessageStyle style, const QString& text, const QString& title)
+Answer MessageBoxes::show(MessageStyle style, const QString& text, const QString& title,
+                          const QString& details)
 {
     const Look look = lookOf(style);
     QMessageBox box(look.icon, title, text, look.buttons, QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText); // names of customers may look like mark-up
     nameButtons(box);
+    addDetails(box, details);
     const bool asks = look.buttons & QMessageBox::Yes;
     box.setDefaultButton(asks ? QMessageBox::Yes : QMessageBox::Ok);
     if (asks)

@@ -8,7 +8,8 @@ namespace ui {
 // button, as the style's number has it.
 class MessageBoxes : public core::Messages {
 public:
-    core::Answer show(core::MessageStyle style, const QString& text, const QString& title) override;
+    core::Answer show(core::MessageStyle style, const QString& text, const QString& title,
+                      const QString& details = {}) override;
     std::optional<QString> askText(const QString& prompt, const QString& title,
                                    bool secret) override;
 };

@@ -108,6 +108,8 @@ TEST_F(Opening, DamageInTheMiddleFailsTheStatementThatMeetsIt)
         while (!all.eof())
             all.moveNext();
     }
+    EXPECT_EQ(connection.lastError().message, u"ファイルの一部が壊れている為、読み込めません。"_s);
+    EXPECT_FALSE(connection.lastError().details.isEmpty());
     EXPECT_EQ(takeErrors(), QList{ErrorKind::Unreadable});
 }
 

@@ -10,7 +10,7 @@
 #include <unistd.h>
 
 // How often a test does what is done many times over: as often as a quick run has time for, or more
-// when the environment asks for it (CORVANE_KILLS, CORVANE_ADDS).
+// when the environment asks for it (CORVANE_KILLS, CORVANE_ADDS, CORVANE_CUTS).
 inline int rounds(const char* variable, int quick)
 {
     return std::max(qEnvironmentVariableIntValue(variable), quick);

@@ -15,8 +15,12 @@ public:
         int style = 0; // 0 = a box that asks for a text
         QString text;
         QString title = QString::fromUtf16(core::AppTitleText);
+        QString details = {}; // an engine's words, which are no part of what the box says
 
-        bool operator==(const Box& other) const = default;
+        bool operator==(const Box& other) const
+        {
+            return style == other.style && text == other.text && title == other.title;
+        }
         friend void PrintTo(const Box& box, std::ostream* out)
         {
             *out << '[' << box.style << "] " << box.text.toStdString() << " ("
@@ -49,9 +53,10 @@ public:
         return boxes.isEmpty() ? QString() : boxes.last().text;
     }
 
-    core::Answer show(core::MessageStyle style, const QString& text, const QString& title) override
+    core::Answer show(core::MessageStyle style, const QString& text, const QString& title,
+                      const QString& details = {}) override
     {
-        m_boxes.append({static_cast<int>(style), text, title});
+        m_boxes.append({static_cast<int>(style), text, title, details});
         if (style == core::MessageStyle::Critical || style == core::MessageStyle::Exclamation
             || style == core::MessageStyle::Information)
             return core::Answer::Ok;
@@ -65,7 +70,7 @@ public:
 
     std::optional<QString> askText(const QString& prompt, const QString& title, bool) override
     {
-        m_boxes.append({0, prompt, title});
+        m_boxes.append({0, prompt, title, {}});
         if (m_typed.isEmpty()) {
             ADD_FAILURE() << "no text queued for: " << prompt.toStdString();
             return std::nullopt;

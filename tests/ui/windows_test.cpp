@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTest>
+#include <QTextEdit>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -89,6 +90,34 @@ TEST(MessageBoxes, HaveTheStylesIconAndButtons)
                       key == Qt::Key_Return ? each.onEnter : each.onEscape)
                 << "style " << static_cast<int>(each.style);
         }
+    }
+}
+
+// Enter and Escape close it as if there were no details; what folds them is named here too.
+TEST(MessageBoxes, FoldTheEnginesWordsAway)
+{
+    ui::MessageBoxes messages;
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+        const auto answer = onModal<QMessageBox>([&](QMessageBox& box) {
+            EXPECT_EQ(box.text(), u"保存できませんでした。"_s);
+            EXPECT_EQ(box.detailedText(), u"disk I/O error (778)"_s);
+            auto* const words = box.findChild<QTextEdit*>();
+            EXPECT_FALSE(words->isVisible());
+            QAbstractButton* const fold = box.buttons().last();
+            for (const auto& [name, shown] :
+                 {std::pair(u"詳細を表示(&D)"_s, true), std::pair(u"詳細を隠す(&D)"_s, false),
+                  std::pair(u"詳細を表示(&D)"_s, true)}) {
+                EXPECT_EQ(buttonTexts(box), (QStringList{u"OK"_s, name}));
+                fold->click();
+                QCoreApplication::processEvents();
+                EXPECT_EQ(words->isVisible(), shown);
+            }
+            box.button(QMessageBox::Ok)->setFocus();
+            QTest::keyClick(&box, key);
+        });
+        EXPECT_EQ(messages.show(MessageStyle::Critical, u"保存できませんでした。"_s,
+                                u"コルヴァン３"_s, u"disk I/O error (778)"_s),
+                  Answer::Ok);
     }
 }
 

@@ -100,8 +100,8 @@ bool openDataFile(DataFile& file, const QString& path, storage::Mode mode)
     // A run that was killed after its upgrade may have left some out. A file of an unknown version
     // is left untouched.
     if (versionOf(file) == NewVersion)
-        file.connection.completeIndexes(file.form.definition);
-    return true;
+        file.connection.bringUpToDate(file.form.definition);
+    return file.connection.isOpen() || refuseFile(file, file.connection.lastError());
 }
 
 bool upgradeDataFile(DataFile& file)

@@ -11,7 +11,8 @@ namespace core {
 void tellFailure(Messages& messages, QStringView what, const storage::Error& error)
 {
     const QString text = what.toString();
-    messages.refuse(error.message.isEmpty() ? text : text + u"\r\n"_s + error.message);
+    messages.refuse(error.message.isEmpty() ? text : text + u"\r\n"_s + error.message,
+                    error.details);
 }
 
 bool tellFailure(Messages& messages, QStringView what, const storage::Connection& connection)

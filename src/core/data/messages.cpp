@@ -11,9 +11,9 @@ QString title()
 
 } // namespace
 
-void Messages::refuse(const QString& text)
+void Messages::refuse(const QString& text, const QString& details)
 {
-    show(MessageStyle::Critical, text, title());
+    show(MessageStyle::Critical, text, title(), details);
 }
 
 void Messages::warn(const QString& text)

@@ -27,14 +27,15 @@ public:
     virtual ~Messages() = default;
 
     // Shows a modal box and gives the button that closed it (Cancel or No when it was closed by its
-    // frame and has such a button).
-    virtual Answer show(MessageStyle style, const QString& text, const QString& title) = 0;
+    // frame and has such a button). `details` are folded away, for whoever looks into a fault.
+    virtual Answer show(MessageStyle style, const QString& text, const QString& title,
+                        const QString& details = {}) = 0;
     // Asks for a text; nullopt when the user cancelled. `secret` hides what is typed.
     virtual std::optional<QString> askText(const QString& prompt, const QString& title,
                                            bool secret) = 0;
 
     // Style 16, 48, 64, and 52 with true for Yes; the title is the program's.
-    void refuse(const QString& text);
+    void refuse(const QString& text, const QString& details = {});
     void warn(const QString& text);
     void tell(const QString& text);
     bool confirm(const QString& text);

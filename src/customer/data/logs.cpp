@@ -17,13 +17,13 @@ const QString RowQuery = u"Select * From ログ Where ログ更新ID ="_s;
 const QString ParentQuery = u"SELECT * From 件名 WHERE 件名ID = "_s;
 const QString ParentMark = u" AND 件名識別ID = "_s;
 const QString LatestRecorders = u"SELECT 記録者 From ログ ORDER BY ログ更新ID DESC"_s;
-const QString NextRecorder = u"SELECT TOP 1 記録者 From ログ WHERE 記録者 > '"_s;
-const QString NextRecorderOrder = u"' ORDER BY 記録者"_s;
+const QString LogTable = u"ログ"_s;
+const QString RecorderColumn = u"記録者"_s;
 
 // The entries, from the last one back, that say who wrote most recently: all who still write, read
 // in a few milliseconds whatever the file's size.
 constexpr int EntriesLookedAt = 5000;
-// More names than a list can drop down are not looked for one by one.
+// More names than a list can drop down are left out.
 constexpr int MostRecorders = 200;
 
 QString rowQuery(const core::RecordKey& key)
@@ -49,6 +49,7 @@ QStringList latestRecorders(CustomerFile& file)
 {
     QStringList names;
     storage::Recordset rows;
+    rows.setPageSize(EntriesLookedAt); // and no more is looked for
     if (!rows.open(LatestRecorders, file.connection))
         return names;
     for (int looked = 0; looked < EntriesLookedAt && !rows.eof(); ++looked) {
@@ -61,16 +62,13 @@ QStringList latestRecorders(CustomerFile& file)
     return names;
 }
 
-// From one name to the next in their order, each a single look into an index.
+// All others, in their order.
 void appendOlderRecorders(CustomerFile& file, QStringList& names)
 {
-    QString name;
-    storage::Recordset row;
-    while (names.size() < MostRecorders) {
-        if (!row.open(NextRecorder + storage::quoted(name) + NextRecorderOrder, file.connection)
-            || row.eof())
+    const QStringList all = file.connection.distinctTexts(LogTable, RecorderColumn);
+    for (const QString& name : all) {
+        if (names.size() >= MostRecorders)
             return;
-        name = row.value(0).toText();
         if (!names.contains(name))
             names.append(name);
     }

@@ -42,7 +42,7 @@ core::DeleteResult deleteLog(CustomerFile& file, const core::RecordKey& key);
 std::optional<KeptLog> readLog(CustomerFile& file, const core::RecordKey& key);
 
 // The names of recorders that the file holds: those of the last 5,000 entries, most recently used
-// first, then the older ones in their order; at most 200 of these.
+// first, then the older ones in their order, also those whose entries are gone; at most 200.
 QStringList recorderNames(CustomerFile& file);
 
 // The log as the preview window reads it.

@@ -25,8 +25,10 @@ private:
     void write(qsizetype rows);
 
     storage::Connection& m_connection;
-    QString m_head; // up to VALUES
-    QString m_row;  // (?, ?, …)
+    QString m_table;
+    QList<std::pair<qsizetype, QString>> m_listed; // columns whose texts the file lists, by place
+    QString m_head;                                // up to VALUES
+    QString m_row;                                 // (?, ?, …)
     qsizetype m_columnCount;
     qsizetype m_batch; // rows with one statement
     QList<storage::Value> m_values;

@@ -73,7 +73,7 @@ std::optional<Error> compactLocked(const QString& source, const QString& target,
     const auto session = engine::openEmbedded(source, password, &error);
     if (!session)
         return error;
-    if (auto failure = session->compactInto(target)) {
+    if (auto failure = session->upkeep().compactInto(target)) {
         QFile::remove(target);
         QFile::remove(journalOf(target));
         return failure;

@@ -1,5 +1,7 @@
 #include "storage/data_files/file_lock.h"
 
+#include "storage/system_error.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -36,18 +38,13 @@ Error inUse(LockKind wanted)
 
 Error cannotMake(int systemError)
 {
-    switch (systemError) {
-    case EACCES:
-    case EPERM:
-    case EROFS:
-        return {ErrorKind::ReadOnly, u"ファイルのあるフォルダに書き込めません。"_s};
-    case ENOSPC:
-    case EDQUOT:
-        return {ErrorKind::Full, u"ディスクの空き容量が不足しています。"_s};
-    default:
-        return {ErrorKind::Other,
-                u"ロックファイルを作成できません。（"_s + qt_error_string(systemError) + u'）'};
-    }
+    const ErrorKind kind = kindOfSystemError(systemError).value_or(ErrorKind::Other);
+    if (kind == ErrorKind::ReadOnly)
+        return folderNotWritable(systemError);
+    return {.kind = kind,
+            .message = kind == ErrorKind::Full ? u"ディスクの空き容量が不足しています。"_s
+                                               : u"ロックファイルを作成できません。"_s,
+            .details = qt_error_string(systemError)};
 }
 
 // Waits for nobody; a signal that comes in between is no refusal.
@@ -71,11 +68,12 @@ std::optional<FileLock> FileLock::acquire(const QString& dataFile, LockKind kind
     }
     const QByteArray name = QFile::encodeName(path);
     FileLock lock(::open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0666));
+    const int refusal = errno;
     // Made by another user who may write it alone: reading is enough for a lock.
-    if (lock.m_descriptor < 0 && errno == EACCES)
+    if (lock.m_descriptor < 0 && refusal == EACCES)
         lock.m_descriptor = ::open(name.constData(), O_RDONLY | O_CLOEXEC);
     if (lock.m_descriptor < 0) {
-        *error = cannotMake(errno);
+        *error = cannotMake(refusal);
         return {};
     }
     const int refused = tryLock(lock.m_descriptor, kind == LockKind::Exclusive ? LOCK_EX : LOCK_SH);

@@ -45,6 +45,35 @@ enum class Way {
     WalksSome,   // an index gives the order and leads to the rows of the condition
 };
 
+// What keeps a file in order, apart from the statements that run on it.
+class Upkeep {
+public:
+    virtual ~Upkeep() = default;
+
+    // Makes all tables, indexes and first rows of a new file.
+    virtual std::optional<Error> create(const schema::Definition& definition) = 0;
+    // Makes those indexes of the definition that are missing and whose columns are all there; those
+    // over folds and keys only while the file's text versions are this program's. For a file of
+    // today's format.
+    virtual std::optional<Error> completeIndexes(const schema::Definition& definition) = 0;
+
+    // True for a file of the format before today's. It is read and written as it is until
+    // convert() brings it to today's, as the only copy that has the file open; all of that or
+    // nothing.
+    virtual bool hasFormerFormat() const = 0;
+    virtual std::optional<Error> convert(const schema::Definition& definition) = 0;
+
+    // True when the file's indexes were made by other versions of fold and collator than this
+    // program's, or are left out for that reason.
+    virtual bool hasForeignTextIndexes() const = 0;
+    // As the only copy that has the file open: makes those indexes anew. Otherwise drops them, so
+    // that every copy sorts without them and no copy reads what another version wrote.
+    virtual std::optional<Error> renewTextIndexes(bool onlyCopy) = 0;
+
+    // Writes a compacted copy with the same cipher and password; `path` must not be there.
+    virtual std::optional<Error> compactInto(const QString& path) = 0;
+};
+
 class Session {
 public:
     virtual ~Session() = default;
@@ -66,21 +95,7 @@ public:
 
     // The tables of the file, those whose names begin with "_" left out.
     virtual std::optional<Error> readCatalog(schema::Catalog* catalog) = 0;
-    // Makes all tables, indexes and first rows of a new file.
-    virtual std::optional<Error> create(const schema::Definition& definition) = 0;
-    // Makes those indexes of the definition that are missing and whose columns are all there; those
-    // over folds and keys only while the file's text versions are this program's.
-    virtual std::optional<Error> completeIndexes(const schema::Definition& definition) = 0;
-
-    // True when the file's indexes were made by other versions of fold and collator than this
-    // program's, or are left out for that reason.
-    virtual bool hasForeignTextIndexes() const = 0;
-    // As the only copy that has the file open: makes those indexes anew. Otherwise drops them, so
-    // that every copy sorts without them and no copy reads what another version wrote.
-    virtual std::optional<Error> renewTextIndexes(bool onlyCopy) = 0;
-
-    // Writes a compacted copy with the same cipher and password; `path` must not be there.
-    virtual std::optional<Error> compactInto(const QString& path) = 0;
+    virtual Upkeep& upkeep() = 0;
 };
 
 // The embedded engine. The caller holds the file's lock (data_files/file_lock.h).

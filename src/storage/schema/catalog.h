@@ -10,9 +10,14 @@ namespace storage::schema {
 enum class ColumnType { AutoNumber, Long, Real, Text, DateTime };
 
 struct Column {
-    QString name; // canonical spelling
+    QString name = {}; // canonical spelling
     ColumnType type = ColumnType::Text;
     int maxLength = 0; // of a text, in characters; 0 = no limit
+    // A text that holds "yyyy/mm/dd(aaa)": its order is that of the folded text, so that one index
+    // serves equality and order. Another text in it takes the place that its folded text has.
+    bool isDay = false;
+    // A text of which the file keeps a list of all different ones (Connection::distinctTexts()).
+    bool isListed = false;
 
     bool operator==(const Column& other) const = default;
 };

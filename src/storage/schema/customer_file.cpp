@@ -8,7 +8,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QList<Table> customerTables(Version version)
+// Customers, their cases and the logs of these.
+QList<Table> recordTables(Version version)
 {
     return {
         TableBuilder(u"ユーザー"_s, version)
@@ -24,31 +25,51 @@ QList<Table> customerTables(Version version)
         TableBuilder(u"件名"_s, version)
             .autoNumber(u"件名更新ID"_s)
             .longs(u"件名識別ID ユーザーID 件名ID"_s)
-            .texts(u"登録日 件名 備考 判定 完了日"_s)
+            .days(u"登録日"_s)
+            .texts(u"件名 備考 判定"_s)
+            .days(u"完了日"_s)
             .longs(u"K印字"_s)
             .moments(u"更新日時"_s)
             .added()
             .moments(u"最近更新日時"_s)
-            .texts(u"予定日"_s, 13)
+            .days(u"予定日"_s, 13)
             .build(),
         TableBuilder(u"ログ"_s, version)
             .autoNumber(u"ログ更新ID"_s)
             .longs(u"ログ識別ID ユーザーID 件名ID ログID"_s)
-            .texts(u"登録日 記録者 Rログ"_s)
+            .days(u"登録日"_s)
+            .listedTexts(u"記録者"_s)
+            .texts(u"Rログ"_s)
             .moments(u"更新日時"_s)
             .build(),
+    };
+}
+
+QList<Table> deliveryTables(Version version)
+{
+    return {
         TableBuilder(u"納品リスト"_s, version)
             .autoNumber(u"納品更新ID"_s)
             .longs(u"納品識別ID ユーザーID 納品ID"_s)
-            .texts(u"納入日 ﾒｰｶｰ 品名 型番 ｼﾘｱﾙ 定価 売値 仕切 備考"_s)
+            .days(u"納入日"_s)
+            .texts(u"ﾒｰｶｰ 品名 型番 ｼﾘｱﾙ 定価 売値 仕切 備考"_s)
             .moments(u"更新日時"_s)
             .build(),
         TableBuilder(u"リースリスト"_s, version)
             .autoNumber(u"ﾘｰｽ更新ID"_s)
             .longs(u"ﾘｰｽ識別ID ﾘｰｽID 納品ID ユーザーID"_s)
-            .texts(u"ﾘｰｽ名 開始日 終了日 月々支払 備考"_s)
+            .texts(u"ﾘｰｽ名"_s)
+            .days(u"開始日 終了日"_s)
+            .texts(u"月々支払 備考"_s)
             .moments(u"更新日時"_s)
             .build(),
+    };
+}
+
+// What hangs on customers and cases.
+QList<Table> attachmentTables(Version version)
+{
+    return {
         TableBuilder(u"ユーザー関連ファイル"_s, version)
             .autoNumber(u"ﾕｰｻﾞｰ関連更新ID"_s)
             .longs(u"ﾕｰｻﾞｰ関連識別ID ﾕｰｻﾞｰ関連ID ﾕｰｻﾞｰID"_s)
@@ -93,16 +114,21 @@ QList<Table> printTables(Version version)
         printedFreeItems(version),
         TableBuilder(u"３印刷納品"_s, version)
             .longs(u"上部連結 上部連結識別 順位"_s)
-            .texts(u"納入日 ﾒｰｶｰ 品名 型番 ｼﾘｱﾙ 定価 売値 仕切 備考"_s)
-            .texts(u"リース名 開始日 終了日 月々支払 備考2"_s)
+            .days(u"納入日"_s)
+            .texts(u"ﾒｰｶｰ 品名 型番 ｼﾘｱﾙ 定価 売値 仕切 備考"_s)
+            .texts(u"リース名"_s)
+            .days(u"開始日 終了日"_s)
+            .texts(u"月々支払 備考2"_s)
             .longs(u"下部連結 下部連結識別"_s)
             .build(),
         TableBuilder(u"４印刷件名"_s, version)
             .longs(u"上部連結 上部連結識別 件名ID 件名識別ID"_s)
-            .texts(u"登録日 件名 判定 完了日"_s)
+            .days(u"登録日"_s)
+            .texts(u"件名 判定"_s)
+            .days(u"完了日"_s)
             .longs(u"下部連結 下部連結識別"_s)
             .added()
-            .texts(u"予定日"_s, 13)
+            .days(u"予定日"_s, 13)
             .build(),
     };
 }
@@ -145,18 +171,17 @@ QList<Index> caseIndexes()
     QList<Index> indexes{
         pairIndex(cases, number, mark),
         pairIndex(cases, owner, mark),
-        index(cases, QList{fold(u"判定"_s), key(u"登録日"_s)} + toOwner),
-        index(cases, {fold(u"登録日"_s)}),
-        index(cases, {fold(u"予定日"_s)}),
+        index(cases, QList{fold(u"判定"_s), fold(u"登録日"_s)} + toOwner),
+        index(cases, QList{fold(u"登録日"_s)} + toOwner),
+        index(cases, QList{fold(u"予定日"_s)} + toOwner),
         index(cases, {plain(u"最近更新日時"_s)}),
         pairIndex(u"ログ"_s, number, u"ログ識別ID"_s),
         pairIndex(u"ログ"_s, owner, u"ログ識別ID"_s),
-        index(u"ログ"_s, {key(u"記録者"_s)}),
         pairIndex(u"件名関連ファイル"_s, u"件名関連ID"_s, u"件名関連識別ID"_s),
         pairIndex(u"件名関連ファイル"_s, number, u"件名関連識別ID"_s),
         pairIndex(u"件名関連ファイル"_s, owner, u"件名関連識別ID"_s),
     };
-    for (const QString& column : {u"登録日"_s, u"予定日"_s, u"件名"_s, u"備考"_s, u"判定"_s})
+    for (const QString& column : {u"件名"_s, u"備考"_s, u"判定"_s})
         indexes.append(index(cases, QList{key(column)} + toOwner));
     return indexes;
 }
@@ -176,7 +201,8 @@ Definition customerFile(Version version)
     };
 
     Definition definition;
-    definition.tables = customerTables(version) + common + printTables(version);
+    definition.tables = recordTables(version) + deliveryTables(version) + attachmentTables(version)
+        + common + printTables(version);
     definition.indexes =
         possibleIndexes(customerIndexes() + caseIndexes() + scheduleIndexes(), definition.tables);
     // Margins in millimetres; the log preview's size in twips.

@@ -14,10 +14,13 @@ QList<Table> repairTables(Version version)
             .autoNumber(u"修理更新ID"_s)
             .longs(u"修理識別ID 修理ID"_s)
             .moments(u"更新日時"_s)
-            .texts(u"状況 区分 受付日 お客様名 会社名 メーカー名 品名 型番 受付者 担当者"_s)
+            .texts(u"状況 区分"_s)
+            .days(u"受付日"_s)
+            .texts(u"お客様名 会社名 メーカー名 品名 型番 受付者 担当者"_s)
             .longs(u"S印字"_s)
             .texts(u"自宅TEL 自宅住所 会社TEL 会社住所 シリアル 付属品 見積納期 故障内容"_s)
-            .texts(u"受付番号 仕切 売値 入金 有無償 処置内容 備考 完了 完了日"_s)
+            .texts(u"受付番号 仕切 売値 入金 有無償 処置内容 備考 完了"_s)
+            .days(u"完了日"_s)
             .added()
             .moments(u"最近更新日時"_s)
             .build(),
@@ -30,7 +33,8 @@ QList<Table> repairTables(Version version)
         TableBuilder(u"修理ログ"_s, version)
             .autoNumber(u"修理ログ更新ID"_s)
             .longs(u"修理ログ識別ID 修理ログID 修理ID"_s)
-            .texts(u"記録日 ログ 記録者"_s)
+            .days(u"記録日"_s)
+            .texts(u"ログ 記録者"_s)
             .moments(u"更新日時"_s)
             .build(),
         TableBuilder(u"修理関連ファイル"_s, version)
@@ -99,7 +103,8 @@ QList<Table> printTables(Version version)
             .build(),
         TableBuilder(u"４印刷ログ"_s, version)
             .longs(u"上部連結 上部連結識別 順位"_s)
-            .texts(u"記録日 記録者 ログ"_s)
+            .days(u"記録日"_s)
+            .texts(u"記録者 ログ"_s)
             .build(),
         TableBuilder(u"５印刷ラベル２"_s, version)
             .rowNumber(u"No"_s)
@@ -120,7 +125,7 @@ QList<Index> repairIndexes()
         pairIndex(repairs, number, u"修理識別ID"_s),
         index(repairs, {fold(u"状況"_s), fold(u"区分"_s)}),
         index(repairs, {fold(u"入金"_s)}),
-        index(repairs, {fold(u"受付日"_s)}),
+        dayIndex(repairs, u"受付日"_s, number),
         index(repairs, {plain(u"最近更新日時"_s)}),
         pairIndex(u"修理詳細"_s, number, u"詳細識別ID"_s),
         pairIndex(u"修理ログ"_s, number, u"修理ログ識別ID"_s),
@@ -128,9 +133,9 @@ QList<Index> repairIndexes()
         pairIndex(u"項目内容"_s, number, u"修理識別ID"_s),
         pairIndex(u"項目内容"_s, u"項目ID"_s, u"内容識別ID"_s),
     };
-    const QStringList sorted = {u"受付日"_s,   u"お客様名"_s,   u"自宅TEL"_s, u"会社名"_s,
-                                u"会社TEL"_s,  u"メーカー名"_s, u"品名"_s,    u"型番"_s,
-                                u"シリアル"_s, u"受付者"_s,     u"担当者"_s};
+    const QStringList sorted = {u"お客様名"_s,   u"自宅TEL"_s, u"会社名"_s, u"会社TEL"_s,
+                                u"メーカー名"_s, u"品名"_s,    u"型番"_s,   u"シリアル"_s,
+                                u"受付者"_s,     u"担当者"_s};
     for (const QString& column : sorted)
         indexes.append(sortIndex(repairs, column, number));
     return indexes;

@@ -51,7 +51,8 @@ Table schedule(Version version)
     return TableBuilder(u"予定"_s, version)
         .autoNumber(u"予定更新ID"_s)
         .longs(u"予定識別ID 予定ID"_s)
-        .texts(u"日付 時刻 予定"_s)
+        .days(u"日付"_s)
+        .texts(u"時刻 予定"_s)
         .moments(u"更新日時"_s)
         .build();
 }
@@ -93,8 +94,7 @@ Table latestNumbers(Version version, const QString& counters)
 
 QList<Index> scheduleIndexes()
 {
-    return {index(u"予定"_s, {key(u"日付"_s), key(u"時刻"_s)}),
-            index(u"予定"_s, {fold(u"日付"_s)})};
+    return {index(u"予定"_s, {fold(u"日付"_s), key(u"時刻"_s)})};
 }
 
 SeedRow versionRow(Version version)

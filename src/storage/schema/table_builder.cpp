@@ -11,46 +11,58 @@ TableBuilder::TableBuilder(QString name, Version version)
 {
 }
 
-TableBuilder& TableBuilder::append(const QString& names, ColumnType type, int maxLength)
+TableBuilder& TableBuilder::append(const QString& names, const Column& like)
 {
     if (m_added && m_version == Version::V300)
         return *this;
     const QStringList each = names.split(u' ', Qt::SkipEmptyParts);
-    for (const QString& name : each)
-        m_columns.append({name, type, maxLength});
+    for (const QString& name : each) {
+        m_columns.append(like);
+        m_columns.last().name = name;
+    }
     return *this;
 }
 
 TableBuilder& TableBuilder::autoNumber(const QString& name)
 {
     m_key = name;
-    return append(name, ColumnType::AutoNumber);
+    return append(name, {.type = ColumnType::AutoNumber});
 }
 
 TableBuilder& TableBuilder::rowNumber(const QString& name)
 {
     m_key = name;
-    return append(name, ColumnType::Long);
+    return append(name, {.type = ColumnType::Long});
 }
 
 TableBuilder& TableBuilder::longs(const QString& names)
 {
-    return append(names, ColumnType::Long);
+    return append(names, {.type = ColumnType::Long});
 }
 
 TableBuilder& TableBuilder::reals(const QString& names)
 {
-    return append(names, ColumnType::Real);
+    return append(names, {.type = ColumnType::Real});
 }
 
 TableBuilder& TableBuilder::texts(const QString& names, int maxLength)
 {
-    return append(names, ColumnType::Text, maxLength);
+    return append(names, {.type = ColumnType::Text, .maxLength = maxLength});
+}
+
+TableBuilder& TableBuilder::days(const QString& names, int maxLength)
+{
+    return append(names, {.type = ColumnType::Text, .maxLength = maxLength, .isDay = true});
+}
+
+TableBuilder& TableBuilder::listedTexts(const QString& names)
+{
+    return append(names, {.type = ColumnType::Text, .isListed = true});
 }
 
 TableBuilder& TableBuilder::moments(const QString& names)
 {
-    return append(names, ColumnType::DateTime);
+    return append(names, {.type = ColumnType::DateTime});
 }
 
 TableBuilder& TableBuilder::added()
@@ -95,6 +107,11 @@ Index pairIndex(const QString& table, const QString& number, const QString& mark
 Index sortIndex(const QString& table, const QString& column, const QString& number)
 {
     return index(table, {key(column), plain(number)});
+}
+
+Index dayIndex(const QString& table, const QString& column, const QString& number)
+{
+    return index(table, {fold(column), plain(number)});
 }
 
 QList<Index> possibleIndexes(const QList<Index>& indexes, const QList<Table>& tables)

@@ -19,6 +19,8 @@ public:
     TableBuilder& longs(const QString& names);
     TableBuilder& reals(const QString& names);
     TableBuilder& texts(const QString& names, int maxLength = 0);
+    TableBuilder& days(const QString& names, int maxLength = 0); // texts "yyyy/mm/dd(aaa)"
+    TableBuilder& listedTexts(const QString& names);
     TableBuilder& moments(const QString& names);
     // The columns from here on came with version 3.1.1; an older table lacks them.
     TableBuilder& added();
@@ -26,7 +28,7 @@ public:
     Table build() const { return Table(m_name, m_columns, m_key); }
 
 private:
-    TableBuilder& append(const QString& names, ColumnType type, int maxLength = 0);
+    TableBuilder& append(const QString& names, const Column& like);
 
     QString m_name;
     QString m_key;
@@ -45,6 +47,8 @@ Index index(const QString& table, const QList<IndexPart>& parts);
 Index pairIndex(const QString& table, const QString& number, const QString& mark);
 // A list's order: the column, then the record's number.
 Index sortIndex(const QString& table, const QString& column, const QString& number);
+// The same of a column of days; serves equality as well.
+Index dayIndex(const QString& table, const QString& column, const QString& number);
 
 // Leaves out the indexes of which a column is missing in the tables.
 QList<Index> possibleIndexes(const QList<Index>& indexes, const QList<Table>& tables);

@@ -36,6 +36,14 @@ bool isText(const bound::ExpressionPtr& expression)
     return expression->type == Type::Text;
 }
 
+// What the order of texts runs over.
+Form orderForm(std::initializer_list<const bound::Expression*> texts)
+{
+    const bool ofDays =
+        std::ranges::any_of(texts, [](const bound::Expression* text) { return isDay(*text); });
+    return ofDays ? Form::Fold : Form::Key;
+}
+
 bool isOrder(ast::ComparisonKind kind)
 {
     return kind != ast::ComparisonKind::Equal && kind != ast::ComparisonKind::NotEqual;
@@ -181,7 +189,8 @@ bound::ExpressionPtr Binder::node(const ast::Comparison& node, int position, con
                              bindValue(*node.right, scope)};
     fitTogether(result.left.get(), result.right.get());
     if (isText(result.left) || isText(result.right))
-        result.form = isOrder(node.kind) ? Form::Key : Form::Fold;
+        result.form =
+            isOrder(node.kind) ? orderForm({result.left.get(), result.right.get()}) : Form::Fold;
     return makeCondition(position, std::move(result));
 }
 
@@ -192,7 +201,7 @@ bound::ExpressionPtr Binder::node(const ast::Between& node, int position, const 
     fitTogether(result.value.get(), result.low.get());
     fitTogether(result.value.get(), result.high.get());
     if (isText(result.value) || isText(result.low))
-        result.form = Form::Key;
+        result.form = orderForm({result.value.get(), result.low.get(), result.high.get()});
     putInOrder(&result);
     return makeCondition(position, std::move(result));
 }

@@ -151,7 +151,9 @@ bound::ExpressionPtr Binder::node(const ast::ColumnName& node, int position, con
         return makeLiteral(Value(), position);
     }
     const bound::Source& source = (*scope.sources)[static_cast<size_t>(found->source)];
-    return make(typeOf(source.table->columns()[found->index].type), position, *found);
+    const schema::Column& column = source.table->columns()[found->index];
+    found->isDay = column.isDay;
+    return make(typeOf(column.type), position, *found);
 }
 
 bound::ExpressionPtr Binder::node(const ast::Concatenation& node, int position, const Scope& scope)

@@ -210,7 +210,7 @@ void Binder::addStar(const ast::SelectItem& item, bound::SelectPart* part)
         const auto& columns = source.table->columns();
         for (int index = 0; index < columns.size(); ++index) {
             const schema::Column& column = columns[index];
-            const bound::Column place{static_cast<qsizetype>(i), index};
+            const bound::Column place{static_cast<qsizetype>(i), index, column.isDay};
             part->outputs.push_back({columnOf(place, column.type, item.position),
                                      {column.name, source.name, column.type}});
         }

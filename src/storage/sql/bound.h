@@ -30,6 +30,7 @@ struct Argument {
 struct Column {
     qsizetype source = 0; // place among the sources of the SELECT
     int index = 0;        // place in the table
+    bool isDay = false;   // schema::Column::isDay
     bool operator==(const Column&) const = default;
 };
 
@@ -119,6 +120,13 @@ struct Expression {
         node;
 };
 
+// Whether it is a column of days, whose order is that of the folded text.
+inline bool isDay(const Expression& expression)
+{
+    const auto* column = std::get_if<Column>(&expression.node);
+    return column && column->isDay;
+}
+
 struct Source {
     const schema::Table* table = nullptr;
     QString name; // its alias, or the table's canonical name
@@ -187,6 +195,10 @@ struct Update {
 struct Delete {
     Source source;
     ExpressionPtr where;
+};
+
+struct CreateTable {
+    schema::Table table;
 };
 
 struct AddColumn {

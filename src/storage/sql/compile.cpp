@@ -2,6 +2,7 @@
 
 #include "storage/sql/bind.h"
 #include "storage/sql/emit.h"
+#include "storage/sql/listed_texts.h"
 #include "storage/sql/parser.h"
 
 #include <algorithm>
@@ -32,6 +33,21 @@ Compiled compiled(bound::Select&& bound, const schema::Catalog& catalog, const D
     return result;
 }
 
+// Only rows that are written bring texts.
+template <typename Change> void addListed(const Change& /*change*/, Compiled* /*result*/) {}
+
+void addListed(const bound::Insert& insert, Compiled* result)
+{
+    result->writtenTable = insert.table->name();
+    result->listed = listedColumns(insert);
+}
+
+void addListed(const bound::Update& update, Compiled* result)
+{
+    result->writtenTable = update.source.table->name();
+    result->listed = listedColumns(update);
+}
+
 template <typename Change>
 Compiled compiled(Change&& change, const schema::Catalog& /*catalog*/, const Dialect& dialect)
 {
@@ -40,6 +56,7 @@ Compiled compiled(Change&& change, const schema::Catalog& /*catalog*/, const Dia
     Compiled result;
     result.kind = defines ? StatementKind::Definition : StatementKind::Write;
     result.statement = Emitter(dialect).change(change);
+    addListed(change, &result);
     return result;
 }
 

@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -66,6 +67,10 @@ struct Compiled {
     // For rows that come from one table without grouping or union: that table's canonical name. The
     // emitted statement then carries the row's address as one more column after `columns`.
     QString updatableTable;
+    // For a write into columns of which the file lists the texts: the table and these columns,
+    // whose values the statement then gives back, one row for each row that it writes.
+    QString writtenTable;
+    QStringList listed;
     // For rows: false when the statement brings no ORDER BY of its own.
     bool ordered = false;
 };

@@ -47,8 +47,18 @@ public:
     virtual QString inListOrder() const { return QStringLiteral(" ORDER BY _at.column1"); }
     // The expression in a spelling that no index is read for.
     virtual QString unindexed(const QString& expression) const { return expression; }
+    // What makes a statement that writes rows give these columns of them back.
+    virtual QString returning(const QStringList& columns) const
+    {
+        return QStringLiteral(" RETURNING ") + columns.join(QStringLiteral(", "));
+    }
     // "limit n offset m".
     virtual QString window(qint64 limit, qint64 offset) const = 0;
+    // What makes a table, up to its columns.
+    virtual QString createTable(const schema::Table& table) const
+    {
+        return QStringLiteral("CREATE TABLE ") + name(table.name());
+    }
     // A column as it stands in CREATE TABLE and ALTER TABLE ADD COLUMN.
     virtual QString columnDefinition(const schema::Column& column, bool isKey) const = 0;
 };

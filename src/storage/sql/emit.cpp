@@ -43,6 +43,14 @@ bool isFixed(const bound::OrderTerm& term, const bound::Select& select)
     return fixes(*part.where);
 }
 
+// Whether the order of a result's column is that of days, in all parts of a union.
+bool isDay(const bound::Select& select, size_t output)
+{
+    return std::ranges::all_of(select.parts, [output](const bound::SelectPart& part) {
+        return bound::isDay(*part.outputs[output].expression);
+    });
+}
+
 bool isText(schema::ColumnType type)
 {
     return type == schema::ColumnType::Text;
@@ -187,6 +195,11 @@ QString Emitter::term(const bound::FromTerm& term)
     return table + u" AS "_s + m_dialect.name(source.name);
 }
 
+QString Emitter::ordered(const QString& text, bool isDay)
+{
+    return isDay ? m_dialect.fold(text) : m_dialect.key(text);
+}
+
 QString Emitter::order(const bound::Select& select, bool numbered, bool bySorting)
 {
     const bound::SelectPart& part = select.parts.front();
@@ -199,13 +212,15 @@ QString Emitter::order(const bound::Select& select, bool numbered, bool bySortin
         QString text;
         if (term.output && numbered) {
             const QString name = m_dialect.name(numberedColumn(*term.output));
-            text = isText(part.outputs[*term.output].column.type) ? m_dialect.key(name) : name;
+            text = isText(part.outputs[*term.output].column.type)
+                ? ordered(name, isDay(select, *term.output))
+                : name;
         } else {
             const bound::Expression& expression =
                 term.output ? *part.outputs[*term.output].expression : *term.expression;
             text = value(expression);
             if (expression.type == bound::Type::Text)
-                text = m_dialect.key(text);
+                text = ordered(text, bound::isDay(expression));
         }
         if (bySorting && terms.isEmpty())
             text = m_dialect.unindexed(text);

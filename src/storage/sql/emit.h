@@ -28,6 +28,7 @@ public:
     Emitted change(const bound::Insert& insert);
     Emitted change(const bound::Update& update);
     Emitted change(const bound::Delete& deletion);
+    Emitted change(const bound::CreateTable& creation);
     Emitted change(const bound::AddColumn& addition);
     Emitted change(const bound::DropTable& drop);
 
@@ -45,6 +46,8 @@ private:
     QString from(const bound::From& from);
     QString term(const bound::FromTerm& term);
     QString order(const bound::Select& select, bool numbered, bool bySorting = false);
+    // What the order of a text runs over.
+    QString ordered(const QString& text, bool isDay);
 
     // emit_change.cpp
     QString fittedRows(const bound::Insert& insert, const bound::Select& source);
@@ -85,6 +88,7 @@ private:
     QString node(const bound::Logic& node);
     QString node(const bound::Aggregate& node);
 
+    QString returning(const QStringList& columns) const;
     Emitted finished(QString text);
     QList<Parameter> takeParameters();
 

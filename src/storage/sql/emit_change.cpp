@@ -1,5 +1,7 @@
 #include "storage/sql/emit.h"
 
+#include "storage/sql/listed_texts.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -56,6 +58,14 @@ QString whereRow(const schema::Table& table, const Value& address,
 
 } // namespace
 
+QString Emitter::returning(const QStringList& columns) const
+{
+    QStringList names;
+    for (const QString& column : columns)
+        names.append(m_dialect.name(column));
+    return names.isEmpty() ? QString() : m_dialect.returning(names);
+}
+
 Emitted Emitter::change(const bound::Insert& insert)
 {
     QStringList columns;
@@ -63,9 +73,10 @@ Emitted Emitter::change(const bound::Insert& insert)
         columns.append(m_dialect.name(insert.table->columns()[index].name));
     const QString head = insertInto(insert.table->name(), columns, m_dialect);
     if (const auto* source = std::get_if<bound::Select>(&insert.source))
-        return finished(head + fittedRows(insert, *source));
+        return finished(head + fittedRows(insert, *source) + returning(listedColumns(insert)));
     const auto& written = std::get<std::vector<bound::ExpressionPtr>>(insert.source);
-    return finished(head + u"VALUES ("_s + values(written).join(u", "_s) + u')');
+    return finished(head + u"VALUES ("_s + values(written).join(u", "_s) + u')'
+                    + returning(listedColumns(insert)));
 }
 
 // The SELECT's rows with their values brought to the columns' types, where they are not already.
@@ -101,7 +112,7 @@ Emitted Emitter::change(const bound::Update& update)
         + assignments.join(u", "_s);
     if (update.where)
         text += u" WHERE "_s + value(*update.where);
-    return finished(std::move(text));
+    return finished(text + returning(listedColumns(update)));
 }
 
 Emitted Emitter::change(const bound::Delete& deletion)
@@ -112,6 +123,15 @@ Emitted Emitter::change(const bound::Delete& deletion)
     if (deletion.where)
         text += u" WHERE "_s + value(*deletion.where);
     return finished(std::move(text));
+}
+
+Emitted Emitter::change(const bound::CreateTable& creation)
+{
+    const schema::Table& table = creation.table;
+    QStringList columns;
+    for (const schema::Column& column : table.columns())
+        columns += m_dialect.columnDefinition(column, column.name == table.keyColumn());
+    return finished(m_dialect.createTable(table) + u" ("_s + columns.join(u", "_s) + u')');
 }
 
 Emitted Emitter::change(const bound::AddColumn& addition)

@@ -234,7 +234,8 @@ QString Emitter::node(const bound::BeginsWith& node)
     const char32_t last = node.characters.back().last;
     if (ranges.size() > 1)
         text += u" AND "_s + range(tested, CodePointRange{first, last});
-    if (const auto keys = text::firstCharRange(first, last)) {
+    const auto keys = node.column.isDay ? std::nullopt : text::firstCharRange(first, last);
+    if (keys) {
         const QString key = m_dialect.key(plain);
         text += u" AND "_s + key + u" >= "_s + parameter(keys->lower) + u" AND "_s + key + u" < "_s
             + parameter(keys->upper);
@@ -258,7 +259,7 @@ QString Emitter::node(const bound::Logic& node)
     return u'(' + values(node.operands).join(word) + u')';
 }
 
-// The largest text is the one with the largest key, and the text itself is wanted.
+// The largest text is the last one in order, and the text itself is wanted.
 QString Emitter::node(const bound::Aggregate& node)
 {
     const bool extreme =
@@ -270,7 +271,8 @@ QString Emitter::node(const bound::Aggregate& node)
     const QString argument = value(*node.argument);
     const QString direction = node.kind == ast::AggregateKind::Max ? u" DESC "_s : u" ASC "_s;
     return u"(SELECT "_s + argument + fromWhere(*m_part, argument + u" IS NOT NULL"_s)
-        + u" ORDER BY "_s + m_dialect.key(argument) + direction + m_dialect.window(1, 0) + u')';
+        + u" ORDER BY "_s + ordered(argument, bound::isDay(*node.argument)) + direction
+        + m_dialect.window(1, 0) + u')';
 }
 
 } // namespace storage::sql

@@ -190,11 +190,11 @@ TEST_F(RegistryFiles, ARowThatIsRenamedWhileTheUserThinksIsKept)
     public:
         std::function<void()> meanwhile;
         core::Answer show(core::MessageStyle style, const QString& text,
-                          const QString& title) override
+                          const QString& title, const QString& details) override
         {
             if (style == core::MessageStyle::ExclamationYesNo)
                 meanwhile();
-            return ScriptedMessages::show(style, text, title);
+            return ScriptedMessages::show(style, text, title, details);
         }
     } user;
     const DataFileEntry entry = addWith(u"甲"_s, "data of 甲");

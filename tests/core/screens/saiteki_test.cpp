@@ -51,10 +51,10 @@ TEST_F(Saiteki, ThePointerIsSetBackBeforeTheMessage)
         const QWidget* screen = nullptr;
         QList<Qt::CursorShape> pointers;
         core::Answer show(core::MessageStyle style, const QString& text,
-                          const QString& title) override
+                          const QString& title, const QString& details) override
         {
             pointers.append(screen->cursor().shape());
-            return ScriptedMessages::show(style, text, title);
+            return ScriptedMessages::show(style, text, title, details);
         }
     } watching;
     add(DataKind::Customer, u"顧客"_s);

@@ -10,6 +10,8 @@
 
 #include <gmock/gmock.h>
 
+#include <list>
+
 using namespace Qt::StringLiterals;
 using customer::Kind;
 
@@ -82,6 +84,23 @@ TEST_F(NumberingTest, TwoCopiesNeverNumberEachOthersRows)
     EXPECT_EQ(after.last, 2 * each);
     EXPECT_EQ(valueOf(u"SELECT Max(ﾕｰｻﾞｰ更新ID) as ma1 FROM ユーザー"_s),
               QString::number(2 * each));
+}
+
+TEST_F(NumberingTest, NoneOfTwentyCopiesIsRefused)
+{
+    constexpr int Copies = 20;
+    const int each = rounds("CORVANE_ADDS", 10);
+    CloseCustomerFile(file);
+    std::list<ChildProcess> copies;
+    for (int i = 0; i < Copies; ++i)
+        copies.emplace_back([&](const auto& stepDone) { return addMany(path(), each, stepDone); });
+    for (ChildProcess& copy : copies)
+        EXPECT_TRUE(copy.succeeded());
+    ASSERT_TRUE(open());
+    const State after = state();
+    EXPECT_EQ(after.rows, Copies * each);
+    EXPECT_EQ(after.wrong, 0);
+    EXPECT_EQ(after.last, Copies * each);
 }
 
 TEST_F(NumberingTest, AKillLeavesANumberedRowOrNone)

@@ -125,13 +125,13 @@ TEST_F(AllFormsTest, ARefusedSaveSaysWhyAndLosesNothing)
     } refusals[] = {
         {ErrorKind::Full, u"ディスクの空き容量が不足しています。"_s,
          [this] { return std::make_shared<FullDisk>(file.connection); }, false},
-        {ErrorKind::ReadOnly, u"ファイルまたはフォルダに書き込めません。"_s,
+        {ErrorKind::ReadOnly, u"ファイルのあるフォルダに書き込めません。"_s,
          [this]() -> std::shared_ptr<void> {
              auto folder = std::make_shared<ReadOnlyFolder>(QFileInfo(path()).path());
              return folder->holds() ? folder : nullptr;
          },
          true},
-        {ErrorKind::Busy, u"他で書き込み中の為、待ち時間内に処理できませんでした。"_s,
+        {ErrorKind::Busy, u"他で使用中の為、待ち時間（10秒）内に処理できませんでした。"_s,
          [this] { return std::make_shared<WritingCopy>(path()); }, true},
     };
     int round = 100;

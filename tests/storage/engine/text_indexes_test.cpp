@@ -73,7 +73,7 @@ TEST_F(TextIndexes, AreMadeAnewByTheOnlyCopy)
 {
     for (const Mode mode : {Mode::ReadWrite, Mode::ShareExclusive}) {
         ASSERT_TRUE(connection.open(path(), Password, mode));
-        EXPECT_FALSE(connection.session()->hasForeignTextIndexes());
+        EXPECT_FALSE(connection.session()->upkeep().hasForeignTextIndexes());
         EXPECT_EQ(indexNames(), AllIndexes);
         EXPECT_EQ(ordered(), InOrder);
         EXPECT_EQ(integrity(connection), u"ok"_s);
@@ -91,7 +91,7 @@ TEST_F(TextIndexes, AreLeftOutWhileAnotherVersionHasTheFileOpen)
         const auto anotherVersion =
             data_files::FileLock::acquire(path(), data_files::LockKind::Shared, &error);
         ASSERT_TRUE(connection.open(path(), Password));
-        EXPECT_TRUE(connection.session()->hasForeignTextIndexes());
+        EXPECT_TRUE(connection.session()->upkeep().hasForeignTextIndexes());
         EXPECT_EQ(indexNames(), QStringList{u"_品目_数量"_s});
         EXPECT_EQ(ordered(), InOrder);
         execute(u"INSERT INTO 品目 (名称) VALUES ('え')"_s);
@@ -99,16 +99,16 @@ TEST_F(TextIndexes, AreLeftOutWhileAnotherVersionHasTheFileOpen)
 
         schema::Definition upgraded = definition();
         upgraded.indexes += {u"_品目_棚"_s, u"品目"_s, {{u"棚"_s, schema::IndexForm::Plain}}};
-        EXPECT_TRUE(connection.completeIndexes(upgraded));
+        EXPECT_TRUE(connection.bringUpToDate(upgraded));
         EXPECT_EQ(indexNames(), (QStringList{u"_品目_数量"_s, u"_品目_棚"_s}));
         // A second copy of this version finds nothing to do.
         OtherCopy other(path());
-        EXPECT_TRUE(other.connection.session()->hasForeignTextIndexes());
+        EXPECT_TRUE(other.connection.session()->upkeep().hasForeignTextIndexes());
         connection.close();
     }
     ASSERT_TRUE(connection.open(path(), Password));
-    EXPECT_FALSE(connection.session()->hasForeignTextIndexes());
-    EXPECT_TRUE(connection.completeIndexes(definition()));
+    EXPECT_FALSE(connection.session()->upkeep().hasForeignTextIndexes());
+    EXPECT_TRUE(connection.bringUpToDate(definition()));
     EXPECT_EQ(indexNames(), AllIndexes + QStringList{u"_品目_棚"_s});
     EXPECT_EQ(ordered(), InOrder + QStringList{u"え"_s});
     EXPECT_EQ(integrity(connection), u"ok"_s);
@@ -119,12 +119,12 @@ TEST_F(TextIndexes, OfColumnsThatAreNotThereYetComeLater)
     ASSERT_TRUE(connection.open(path(), Password));
     schema::Definition later = definition();
     later.indexes += {u"_品目_棚"_s, u"品目"_s, {{u"棚"_s, schema::IndexForm::Fold}}};
-    EXPECT_TRUE(connection.completeIndexes(later));
+    EXPECT_TRUE(connection.bringUpToDate(later));
     EXPECT_EQ(indexNames(), AllIndexes);
     execute(u"ALTER TABLE 品目 ADD COLUMN 棚 STRING(13)"_s);
-    EXPECT_TRUE(connection.completeIndexes(later));
+    EXPECT_TRUE(connection.bringUpToDate(later));
     EXPECT_EQ(indexNames(), AllIndexes + QStringList{u"_品目_棚"_s});
-    EXPECT_TRUE(connection.completeIndexes(later));
+    EXPECT_TRUE(connection.bringUpToDate(later));
 }
 
 } // namespace

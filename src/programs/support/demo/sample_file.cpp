@@ -47,7 +47,7 @@ std::optional<Error> SampleFile::finish(const QHash<QString, int>& lastNumbers, 
         update += name + u" = "_s + QString::number(lastNumbers[name]) + u", "_s;
     update += u"更新日時 = #"_s + moment.toText().left(19) + u"# WHERE 発番ID = 1"_s;
 
-    if (m_file.execute(update) && m_file.commit() && m_file.completeIndexes(m_definition))
+    if (m_file.execute(update) && m_file.commit() && m_file.bringUpToDate(m_definition))
         return std::nullopt;
     return m_file.lastError();
 }

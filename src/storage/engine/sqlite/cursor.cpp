@@ -1,5 +1,6 @@
 #include "storage/engine/sqlite/cursor.h"
 
+#include "storage/engine/sqlite/busy_wait.h"
 #include "storage/engine/sqlite/error.h"
 #include "storage/engine/sqlite/functions.h"
 #include "storage/engine/sqlite/statement_cache.h"
@@ -65,6 +66,7 @@ void StatementDeleter::operator()(sqlite3_stmt* statement) const
 Statement prepareText(sqlite3* handle, const QString& text)
 {
     const QByteArray utf8 = text.toUtf8();
+    const EndOfWait end; // the tables may have to be read first
     sqlite3_stmt* raw = nullptr;
     if (sqlite3_prepare_v2(handle, utf8.constData(), static_cast<int>(utf8.size()), &raw, nullptr)
         != SQLITE_OK)
@@ -127,14 +129,14 @@ int SqliteCursor::stepLimited() const
 {
     sqlite3_progress_handler(
         m_handle, m_work, [](void*) { return 1; }, nullptr);
-    const int code = sqlite3_step(m_statement.get());
+    const int code = sqlite::step(m_statement.get());
     sqlite3_progress_handler(m_handle, 0, nullptr, nullptr);
     return code;
 }
 
 Cursor::Step SqliteCursor::step()
 {
-    const int code = m_work > 0 ? stepLimited() : sqlite3_step(m_statement.get());
+    const int code = m_work > 0 ? stepLimited() : sqlite::step(m_statement.get());
     if (code == SQLITE_INTERRUPT && m_work > 0) {
         sqlite3_reset(m_statement.get());
         return Step::Stopped;
@@ -148,8 +150,10 @@ Cursor::Step SqliteCursor::step()
         return Step::Done;
     default:
         m_error = lastError(m_handle);
-        if (QString own = ownMessage(m_handle); !own.isEmpty())
+        if (QString own = ownMessage(m_handle); !own.isEmpty()) {
             m_error.message = std::move(own);
+            m_error.details.clear();
+        }
         sqlite3_reset(m_statement.get());
         return Step::Failed;
     }

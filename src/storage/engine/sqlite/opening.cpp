@@ -1,8 +1,10 @@
+#include "storage/engine/sqlite/busy_wait.h"
 #include "storage/engine/sqlite/cursor.h"
 #include "storage/engine/sqlite/error.h"
 #include "storage/engine/sqlite/functions.h"
 #include "storage/engine/sqlite/meta.h"
 #include "storage/engine/sqlite/session.h"
+#include "storage/system_error.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -21,15 +23,17 @@ namespace {
 
 using sqlite::makeError;
 
-constexpr int BusyTimeoutMs = 10000;
-
-// One file that can be copied at any moment when no copy of the program writes; sorts stay in
-// memory, so that nothing of an encrypted file reaches the disk in the clear. The cache is in KiB.
+// One file that can be copied at any moment when no copy of the program writes. EXTRA waits for the
+// journal's removal too: a power cut could bring it back, and it would undo what was acknowledged.
+// Sorts stay in memory, so that nothing of an encrypted file reaches the disk in the clear. The
+// cache is in KiB.
 const QStringList Settings = {
-    u"PRAGMA journal_mode = DELETE"_s, u"PRAGMA synchronous = FULL"_s,
+    u"PRAGMA journal_mode = DELETE"_s, u"PRAGMA synchronous = EXTRA"_s,
     u"PRAGMA temp_store = MEMORY"_s,   u"PRAGMA cache_size = -32768"_s,
     u"PRAGMA foreign_keys = OFF"_s,    u"PRAGMA cell_size_check = ON"_s,
 };
+const QString LaterFormat =
+    u"新しい版のコルヴァン３で使われているファイルの為、この版では開けません。"_s;
 const QString ReadMeta = u"SELECT name, value FROM "_s + sqlite::meta::Table;
 
 // A file may come from anywhere: its schema gets no powers beyond tables, indexes and our
@@ -51,11 +55,15 @@ bool setKey(sqlite3* handle, const QString& password)
         == SQLITE_OK;
 }
 
-// What the file is called is not enough: an engine that may not write falls back to reading.
-bool isWritable(sqlite3* handle, const QFileInfo& file)
+// Asked before anything is read: an engine that may not write falls back to reading.
+std::optional<Error> writeRefusal(sqlite3* handle, const QFileInfo& file)
 {
     const QByteArray folder = QFile::encodeName(file.canonicalPath());
-    return sqlite3_db_readonly(handle, "main") == 0 && access(folder.constData(), W_OK) == 0;
+    if (access(folder.constData(), W_OK) != 0)
+        return folderNotWritable(errno);
+    if (sqlite3_db_readonly(handle, "main") == 0)
+        return {};
+    return makeError(ErrorKind::ReadOnly);
 }
 
 sqlite::Handle openHandle(const QFileInfo& file, const QString& password, Error* error)
@@ -66,13 +74,15 @@ sqlite::Handle openHandle(const QFileInfo& file, const QString& password, Error*
     sqlite::Handle handle(raw);
     if (code != SQLITE_OK) {
         *error = raw ? sqlite::lastError(raw) : makeError(ErrorKind::Other);
+        if (error->kind == ErrorKind::Moved) // gone between two looks at it
+            *error = makeError(ErrorKind::Missing);
         return {};
     }
-    if (!isWritable(raw, file)) {
-        *error = makeError(ErrorKind::ReadOnly);
+    if (const auto refusal = writeRefusal(raw, file)) {
+        *error = *refusal;
         return {};
     }
-    sqlite3_busy_timeout(raw, BusyTimeoutMs);
+    sqlite::waitForLocks(raw);
     if (!restrict(raw) || !sqlite::registerFunctions(raw) || !setKey(raw, password)) {
         *error = sqlite::lastError(raw);
         return {};
@@ -80,15 +90,21 @@ sqlite::Handle openHandle(const QFileInfo& file, const QString& password, Error*
     return handle;
 }
 
+// What a file says of itself.
+struct Found {
+    QString format;
+    QString textVersion;
+};
+
 bool runAll(sqlite3* handle, const QStringList& statements)
 {
     for (const QString& statement : statements) {
         const auto prepared = sqlite::prepare(handle, {statement, {}});
         if (!prepared)
             return false;
-        int code = sqlite3_step(prepared.get());
+        int code = sqlite::step(prepared.get());
         while (code == SQLITE_ROW)
-            code = sqlite3_step(prepared.get());
+            code = sqlite::step(prepared.get());
         if (code != SQLITE_DONE)
             return false;
     }
@@ -98,7 +114,7 @@ bool runAll(sqlite3* handle, const QStringList& statements)
 std::optional<qint64> readNumber(sqlite3* handle, const QString& statement)
 {
     const auto prepared = sqlite::prepare(handle, {statement, {}});
-    if (!prepared || sqlite3_step(prepared.get()) != SQLITE_ROW)
+    if (!prepared || sqlite::step(prepared.get()) != SQLITE_ROW)
         return {};
     return sqlite3_column_int64(prepared.get(), 0);
 }
@@ -112,52 +128,69 @@ bool isWhole(sqlite3* handle, const QFileInfo& file)
         && QFileInfo(file.absoluteFilePath()).size() >= *pages * *pageSize;
 }
 
-std::optional<QString> readTextVersion(sqlite3* handle)
+// Nothing when this is no data file.
+std::optional<Found> readMeta(sqlite3* handle)
 {
     sqlite::Statement rows = sqlite::prepare(handle, {ReadMeta, {}});
     if (!rows)
         return {};
     sqlite::SqliteCursor cursor(handle, std::move(rows));
-    QString format;
-    QString version;
+    Found found;
     Cursor::Step step = cursor.step();
     for (; step == Cursor::Step::Row; step = cursor.step()) {
         const QString name = cursor.value(0, schema::ColumnType::Text).toText();
         const QString value = cursor.value(1, schema::ColumnType::Text).toText();
         if (name == sqlite::meta::Format)
-            format = value;
+            found.format = value;
         else if (name == sqlite::meta::TextVersion)
-            version = value;
+            found.textVersion = value;
     }
-    if (step == Cursor::Step::Failed || format != sqlite::meta::CurrentFormat)
+    if (step == Cursor::Step::Failed || found.format.isEmpty())
         return {};
-    return version;
+    return found;
 }
 
-// Makes sure that this is a whole data file that the key opens, and gives the version of its text
-// indexes. One read transaction, so that no other copy changes the file's size meanwhile.
-std::optional<QString> inspect(sqlite3* handle, const QFileInfo& file)
+// Makes sure that this is a whole data file that the key opens, and gives what it says of itself.
+// One read transaction, so that no other copy changes the file's size meanwhile.
+std::optional<Found> inspect(sqlite3* handle, const QFileInfo& file)
 {
     if (!runAll(handle, Settings) || !runAll(handle, {u"BEGIN"_s}))
         return {};
-    const std::optional<QString> version = readTextVersion(handle);
-    if (!version || !isWhole(handle, file) || !runAll(handle, {u"COMMIT"_s}))
+    std::optional<Found> found = readMeta(handle);
+    if (!found || !isWhole(handle, file) || !runAll(handle, {u"COMMIT"_s}))
         return {};
-    return version;
+    return found;
 }
 
 // Whatever stands against reading is the one message, but what has nothing to do with its content.
 Error openingError(sqlite3* handle)
 {
-    const Error error = sqlite::lastError(handle);
+    Error error = sqlite::lastError(handle);
     switch (error.kind) {
     case ErrorKind::Busy:
+    case ErrorKind::Moved:
     case ErrorKind::ReadOnly:
     case ErrorKind::Full:
         return error;
     default:
-        return makeError(ErrorKind::Unreadable);
+        error.kind = ErrorKind::Unreadable;
+        error.message = makeError(ErrorKind::Unreadable).message;
+        return error;
     }
+}
+
+Error creationError(int number)
+{
+    if (number == EEXIST)
+        return makeError(ErrorKind::Exists);
+    if (number == ENOENT)
+        return makeError(ErrorKind::Missing);
+    const ErrorKind kind = kindOfSystemError(number).value_or(ErrorKind::Other);
+    if (kind == ErrorKind::ReadOnly)
+        return folderNotWritable(number);
+    Error error = makeError(kind);
+    error.details = qt_error_string(number);
+    return error;
 }
 
 } // namespace
@@ -176,13 +209,19 @@ std::unique_ptr<Session> openEmbedded(const QString& path, const QString& passwo
     sqlite::Handle handle = openHandle(file, password, error);
     if (!handle)
         return {};
-    const std::optional<QString> version = inspect(handle.get(), file);
-    if (!version) {
+    const std::optional<Found> found = inspect(handle.get(), file);
+    if (!found) {
         *error = openingError(handle.get());
         return {};
     }
-    return std::make_unique<sqlite::SqliteSession>(std::move(handle),
-                                                   *version != sqlite::meta::ownTextVersion());
+    const bool isFormer = found->format == sqlite::meta::FormerFormat;
+    if (!isFormer && found->format != sqlite::meta::CurrentFormat) {
+        *error = {ErrorKind::Unreadable, LaterFormat};
+        return {};
+    }
+    return std::make_unique<sqlite::SqliteSession>(
+        std::move(handle),
+        sqlite::FileState{isFormer, found->textVersion != sqlite::meta::ownTextVersion()});
 }
 
 std::unique_ptr<Session> createEmbedded(const QString& path, const QString& password, Error* error)
@@ -194,16 +233,13 @@ std::unique_ptr<Session> createEmbedded(const QString& path, const QString& pass
     const int descriptor =
         ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (descriptor < 0) {
-        *error = makeError(errno == EEXIST       ? ErrorKind::Exists
-                               : errno == ENOENT ? ErrorKind::Missing
-                               : errno == ENOSPC ? ErrorKind::Full
-                                                 : ErrorKind::ReadOnly);
+        *error = creationError(errno);
         return {};
     }
     ::close(descriptor);
     sqlite::Handle handle = openHandle(QFileInfo(path), password, error);
     if (handle && runAll(handle.get(), Settings))
-        return std::make_unique<sqlite::SqliteSession>(std::move(handle), false);
+        return std::make_unique<sqlite::SqliteSession>(std::move(handle), sqlite::FileState());
     if (handle)
         *error = sqlite::lastError(handle.get());
     handle.reset();

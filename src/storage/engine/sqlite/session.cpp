@@ -1,5 +1,6 @@
 #include "storage/engine/sqlite/session.h"
 
+#include "storage/engine/sqlite/busy_wait.h"
 #include "storage/engine/sqlite/cursor.h"
 #include "storage/engine/sqlite/error.h"
 
@@ -25,8 +26,8 @@ void HandleCloser::operator()(sqlite3* handle) const
     sqlite3_close_v2(handle);
 }
 
-SqliteSession::SqliteSession(Handle handle, bool foreignTextIndexes)
-    : m_handle(std::move(handle)), m_foreignTextIndexes(foreignTextIndexes)
+SqliteSession::SqliteSession(Handle handle, const FileState& state)
+    : m_handle(std::move(handle)), m_upkeep(*this, state)
 {
 }
 
@@ -94,11 +95,6 @@ std::optional<Error> SqliteSession::run(const sql::Emitted& statement, qint64* a
     return {};
 }
 
-std::optional<Error> SqliteSession::runText(const QString& statement)
-{
-    return run({statement, {}}, nullptr);
-}
-
 qint64 SqliteSession::lastRowAddress() const
 {
     return sqlite3_last_insert_rowid(m_handle.get());
@@ -113,8 +109,11 @@ bool SqliteSession::wasUndone() const
 
 std::optional<Error> SqliteSession::begin(int depth)
 {
+    const EndOfWait end;
+    if (depth == 0)
+        letOthersFirst(m_lastWrite);
     const auto error =
-        runText(depth == 0 ? u"BEGIN IMMEDIATE"_s : u"SAVEPOINT "_s + savepoint(depth));
+        run({depth == 0 ? u"BEGIN IMMEDIATE"_s : u"SAVEPOINT "_s + savepoint(depth), {}}, nullptr);
     if (!error)
         m_inTransaction = true;
     return error;
@@ -122,9 +121,12 @@ std::optional<Error> SqliteSession::begin(int depth)
 
 std::optional<Error> SqliteSession::commit(int depth)
 {
-    const auto error = runText(depth == 0 ? u"COMMIT"_s : u"RELEASE "_s + savepoint(depth));
-    if (!error && depth == 0)
+    const auto error =
+        run({depth == 0 ? u"COMMIT"_s : u"RELEASE "_s + savepoint(depth), {}}, nullptr);
+    if (!error && depth == 0) {
         m_inTransaction = false;
+        m_lastWrite = std::chrono::steady_clock::now();
+    }
     return error;
 }
 
@@ -136,15 +138,10 @@ std::optional<Error> SqliteSession::rollBack(int depth)
     if (undone)
         return {};
     if (depth == 0)
-        return runText(u"ROLLBACK"_s);
-    if (auto error = runText(u"ROLLBACK TO "_s + savepoint(depth)))
+        return run({u"ROLLBACK"_s, {}}, nullptr);
+    if (auto error = run({u"ROLLBACK TO "_s + savepoint(depth), {}}, nullptr))
         return error;
-    return runText(u"RELEASE "_s + savepoint(depth));
-}
-
-std::optional<Error> SqliteSession::compactInto(const QString& path)
-{
-    return run({u"VACUUM INTO ?"_s, {Value(path)}}, nullptr);
+    return run({u"RELEASE "_s + savepoint(depth), {}}, nullptr);
 }
 
 } // namespace storage::engine::sqlite

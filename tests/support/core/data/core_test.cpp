@@ -20,7 +20,7 @@ void createFile(const QString& path, const schema::Definition& definition)
     const auto session =
         storage::engine::createEmbedded(path, QString::fromUtf16(core::DatabasePassword), &error);
     ASSERT_TRUE(session) << error.message.toStdString();
-    ASSERT_FALSE(session->create(definition));
+    ASSERT_FALSE(session->upkeep().create(definition));
 }
 
 } // namespace
