@@ -4,6 +4,7 @@
 #include "figures.h"
 #include "list_pages.h"
 #include "pages_written.h"
+#include "positions.h"
 #include "reading.h"
 #include "searches.h"
 #include "whole_file.h"
@@ -189,7 +190,7 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName(u"corvane_bench"_s);
     const QCommandLineOption folder(u"folder"_s, u"Where the measured files are kept."_s,
                                     u"folder"_s, QDir::temp().filePath(u"corvane_bench"_s));
-    const QCommandLineOption customers(u"customers"_s, u"Customers in the file (1000 or more)."_s,
+    const QCommandLineOption customers(u"customers"_s, u"Customers in the file (10000 or more)."_s,
                                        u"count"_s, u"100000"_s);
     const QCommandLineOption only(u"only"_s, u"Only the figures whose names contain the text."_s,
                                   u"text"_s);
@@ -200,7 +201,7 @@ int main(int argc, char** argv)
     arguments.addOptions({folder, customers, only});
     arguments.process(application);
     const int count = arguments.value(customers).toInt();
-    if (count < 1000 || count > 10'000'000)
+    if (count < 10'000 || count > 10'000'000)
         arguments.showHelp(1);
 
     const QString password = QString::fromUtf16(core::DatabasePassword);
@@ -216,6 +217,7 @@ int main(int argc, char** argv)
     bench::measureWholeFile(figures, files.encrypted, password);
     bench::measureSearches(figures, files.encrypted, password);
     bench::measureListPages(figures, files.encrypted, password, Today);
+    bench::measurePositions(figures, files.encrypted, Today);
     if (figures.count() == 0)
         bench::giveUp(u"No figure has such a name."_s);
     return figures.within() ? 0 : 1;

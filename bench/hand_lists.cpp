@@ -131,6 +131,7 @@ HandList customerList(customer::CustomerFile& file, QDate today)
     list.open = [&file](const HandFilter& filter, const customer::SortOrder& order) {
         return customer::openCustomerList(file, filter.filter, order, filter.settings);
     };
+    list.rowsOfPage = &customer::Settings::customersShown;
     return list;
 }
 
@@ -156,6 +157,7 @@ HandList caseList(customer::CustomerFile& file)
     list.open = [&file](const HandFilter& filter, const customer::SortOrder& order) {
         return customer::openCaseList(file, filter.filter, order, filter.settings);
     };
+    list.rowsOfPage = &customer::Settings::casesShown;
     return list;
 }
 

@@ -54,6 +54,9 @@ struct HandList {
     std::function<std::unique_ptr<core::RecordList>(const HandFilter& filter,
                                                     const customer::SortOrder& order)>
         open;
+    int customer::Settings::*rowsOfPage = nullptr; // the setting that says how long a page is
+
+    int pageRows(const HandFilter& filter) const { return filter.settings.*rowsOfPage; }
 };
 
 HandList customerList(customer::CustomerFile& file, QDate today);

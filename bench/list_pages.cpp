@@ -3,6 +3,7 @@
 #include "bare_file.h"
 #include "hand_lists.h"
 #include "opened_sample.h"
+#include "reading.h"
 
 #include "core/data/record_key.h"
 
@@ -64,11 +65,6 @@ private:
     BareFile m_bare;
 };
 
-QList<core::ListRow> readPage(core::RecordList& list)
-{
-    return list.rows(0, static_cast<int>(list.count()));
-}
-
 void ListPages::measure(const HandList& list)
 {
     for (const HandFilter& filter : list.filters) {
@@ -111,7 +107,7 @@ Times ListPages::comparePage(const Case& ofCase, qint64 page)
     QList<qint64> expected;
     for (const core::ListRow& row : readPage(*turned))
         expected += core::RecordKey::fromText(row.key).updateId;
-    const Window window{(page - 1) * ofCase.filter.settings.customersShown, expected.size()};
+    const Window window{(page - 1) * ofCase.list.pageRows(ofCase.filter), expected.size()};
     const std::vector<Trial> trials = bestTrials(ofCase, window, expected);
 
     std::vector<Sample> samples;

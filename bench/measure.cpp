@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::size_t Fewest = 3;
 constexpr std::size_t Usual = 5;
-constexpr std::size_t Most = 25;
+constexpr std::size_t Most = 50;
 constexpr double Enough = 100;    // milliseconds that the first of the samples has timed in all
 constexpr double Patience = 2500; // milliseconds that all samples take with their preparations
 

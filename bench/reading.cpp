@@ -22,4 +22,9 @@ qint64 readRows(storage::Recordset& rows, qint64 atMost)
     return count;
 }
 
+QList<core::ListRow> readPage(core::ListSource& list)
+{
+    return list.rows(0, static_cast<int>(list.count()));
+}
+
 } // namespace bench
