@@ -189,8 +189,8 @@ TEST_F(RegistryFiles, ARowThatIsRenamedWhileTheUserThinksIsKept)
     class SlowUser : public ScriptedMessages {
     public:
         std::function<void()> meanwhile;
-        core::Answer show(core::MessageStyle style, const QString& text,
-                          const QString& title, const QString& details) override
+        core::Answer show(core::MessageStyle style, const QString& text, const QString& title,
+                          const QString& details) override
         {
             if (style == core::MessageStyle::ExclamationYesNo)
                 meanwhile();

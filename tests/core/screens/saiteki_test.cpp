@@ -50,8 +50,8 @@ TEST_F(Saiteki, ThePointerIsSetBackBeforeTheMessage)
     public:
         const QWidget* screen = nullptr;
         QList<Qt::CursorShape> pointers;
-        core::Answer show(core::MessageStyle style, const QString& text,
-                          const QString& title, const QString& details) override
+        core::Answer show(core::MessageStyle style, const QString& text, const QString& title,
+                          const QString& details) override
         {
             pointers.append(screen->cursor().shape());
             return ScriptedMessages::show(style, text, title, details);
