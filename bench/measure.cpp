@@ -57,6 +57,7 @@ std::vector<double> medians(const std::vector<Sample>& samples)
         timed += times.front().back();
     }
     std::vector<double> found;
+    found.reserve(times.size());
     for (const std::vector<double>& ofOne : times)
         found.push_back(median(ofOne));
     return found;

@@ -7,6 +7,7 @@
 #include "storage/schema/definitions.h"
 #include "storage/sql/compile.h"
 #include "storage/transaction.h"
+#include "storage/waiting.h"
 
 #include <QCache>
 #include <QFile>
@@ -63,6 +64,26 @@ QByteArray lettersOf(const QList<ValueType>& types)
         letters.append(static_cast<char>('a' + static_cast<int>(type)));
     return letters;
 }
+
+// Shows the user for as long as it lives that the program works.
+class ShownWait {
+public:
+    ShownWait() : m_watcher(waitWatcher())
+    {
+        if (m_watcher)
+            m_watcher->waitGoesOn();
+    }
+    ~ShownWait()
+    {
+        if (m_watcher)
+            m_watcher->waitEnded({});
+    }
+    ShownWait(const ShownWait&) = delete;
+    ShownWait& operator=(const ShownWait&) = delete;
+
+private:
+    WaitWatcher* m_watcher;
+};
 
 // Does a step that is the better for being the only copy that has the file open.
 std::optional<Error> tryAlone(FileLock& lock, Mode mode,
@@ -316,8 +337,11 @@ bool Connection::bringUpToDate(const schema::Definition& definition)
     if (!isOpen() || d->depth > 0)
         return fail(stateError(u"この状態では索引を作成できません。"_s));
     engine::Upkeep& upkeep = d->session->upkeep();
-    const auto convert = [&](bool alone) {
-        return alone ? upkeep.convert(definition) : std::nullopt;
+    const auto convert = [&](bool alone) -> std::optional<Error> {
+        if (!alone)
+            return std::nullopt;
+        const ShownWait shown; // some seconds for a large file
+        return upkeep.convert(definition);
     };
     const bool done = check(upkeep.hasFormerFormat() ? tryAlone(d->lock, d->mode, convert)
                                                      : upkeep.completeIndexes(definition));
