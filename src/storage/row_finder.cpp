@@ -72,11 +72,12 @@ RowFinder::Direct RowFinder::direct(qint64 count)
 {
     if (m_complete || !wayInOrder() || m_way == Way::WalksGroups)
         return {};
-    const bool filters = m_finding.filtered && m_way != Way::WalksSome;
-    if (filters && isFew())
+    if (!m_finding.filtered)
+        return {Direct::AsWritten, Unlimited};
+    // What an index leads to is found sooner by that index alone.
+    if (m_way == Way::WalksSome || m_inOrder != &m_finding.onTheWay || isFew())
         return {};
-    return {m_inOrder == &m_finding.inOrder ? Direct::AsWritten : Direct::OnTheWay,
-            m_finding.filtered ? LookedAt + 2 * count : Unlimited};
+    return {Direct::OnTheWay, LookedAt + 2 * count};
 }
 
 const sql::Emitted* RowFinder::wayInOrder()

@@ -15,6 +15,8 @@ namespace {
 constexpr qint64 FirstRows = 64;
 // Rows read by one statement.
 constexpr qint64 BlockRows = 256;
+// The same of a whole table, where no list of addresses is needed.
+constexpr qint64 StretchRows = 1024;
 constexpr qint64 AllRows = std::numeric_limits<qint64>::max();
 
 } // namespace
@@ -206,12 +208,12 @@ RowReader::Move RowReader::readStretch()
     const qsizetype parameters = stretch.parameters.size();
     stretch.parameters[parameters - 2] = Value(m_stretchEnd);
     stretch.parameters[parameters - 1] = Value(m_lastAddress);
-    stretch.text += u' ' + m_connection.session()->dialect().window(BlockRows, 0);
-    m_rows.start(m_rows.end(), BlockRows);
+    stretch.text += u' ' + m_connection.session()->dialect().window(StretchRows, 0);
+    m_rows.start(m_rows.end(), StretchRows);
     bool done = false;
-    if (!takeCursor(stretch, BlockRows, &done))
+    if (!takeCursor(stretch, StretchRows, &done))
         return Move::Failed;
-    if (m_rows.count() < BlockRows)
+    if (m_rows.count() < StretchRows)
         m_end = m_rows.end();
     if (m_rows.count() == 0)
         return end(m_end);
@@ -224,16 +226,20 @@ RowReader::Move RowReader::readStretch()
 
 RowReader::Move RowReader::readWindow(qint64 position)
 {
-    if (!finding()) {
+    // Few rows are read as they are asked for: it takes longer to see how else they could be found.
+    const bool few = m_compiled.ofOneRecord && position == 0;
+    if (!few && !finding()) {
         if (m_end < 0 && readAll() == Move::Failed)
             return Move::Failed;
         return m_rows.holds(position) ? stand(position) : end(m_end);
     }
     const bool isFound = m_finder && (m_finder->isComplete() || m_finder->rows().holds(position));
-    if (!isFound && (m_finding->wholeTable || position == 0)) {
-        if (const std::optional<Move> direct = readDirectly(position))
+    if (!isFound && (few || position == 0 || m_finding->wholeTable)) {
+        if (const std::optional<Move> direct = readDirectly(position, few))
             return *direct;
     }
+    if (!finder()) // made now, as the rows could not be read so
+        return Move::Failed;
     if (!finder()->find(position, m_window))
         return fail(m_finder->error());
     m_end = m_finder->total();
@@ -247,10 +253,10 @@ RowReader::Move RowReader::readWindow(qint64 position)
 
 // Reads a window at once where that is the shortest way. Nothing where it is not, or where some of
 // the rows cannot be read so.
-std::optional<RowReader::Move> RowReader::readDirectly(qint64 position)
+std::optional<RowReader::Move> RowReader::readDirectly(qint64 position, bool few)
 {
     RowFinder::Direct direct{RowFinder::Direct::AsWritten, 0};
-    if (!m_finding->wholeTable && !m_finding->ofOneRecord)
+    if (!few && !m_finding->wholeTable)
         direct = finder()->direct(m_window);
     if (direct.kind == RowFinder::Direct::No)
         return std::nullopt;

@@ -77,7 +77,7 @@ private:
     Move readStretch();
     Move readAll();
     Move readWindow(qint64 position);
-    std::optional<Move> readDirectly(qint64 position);
+    std::optional<Move> readDirectly(qint64 position, bool few);
     Move readFound(qint64 position, qint64 count);
     void readBlock(const qint64* addresses, qint64 count);
     void readOneByOne(const qint64* addresses, qint64 count, Error error);

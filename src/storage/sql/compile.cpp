@@ -1,6 +1,7 @@
 #include "storage/sql/compile.h"
 
 #include "storage/sql/bind.h"
+#include "storage/sql/condition_parts.h"
 #include "storage/sql/emit.h"
 #include "storage/sql/listed_texts.h"
 #include "storage/sql/parser.h"
@@ -28,6 +29,8 @@ Compiled compiled(bound::Select&& bound, const schema::Catalog& catalog, const D
     if (updatable)
         result.updatableTable = first.sources.front().table->name();
     result.ordered = !select.order.empty();
+    result.ofOneRecord = select.parts.size() == 1 && !first.distinct && !first.aggregated
+        && !first.top && first.where && isOfOneRecord(*first.where);
     result.select = kept;
     result.tables = catalog;
     return result;

@@ -73,6 +73,8 @@ struct Compiled {
     QStringList listed;
     // For rows: false when the statement brings no ORDER BY of its own.
     bool ordered = false;
+    // For rows: they are those of one record, found by its number and mark, and so they are few.
+    bool ofOneRecord = false;
 };
 
 // Compiles one statement. A trailing semicolon is allowed; a second statement is refused.

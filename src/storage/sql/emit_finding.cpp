@@ -217,7 +217,6 @@ Finding Emitter::finding(const bound::Select& select, const bound::Select* owned
     result.unfiltered = finished(all + u" FROM "_s + from(*part.from) + order(select, false));
     emitReading(part, &result);
     emitWholeTable(select, &result);
-    result.ofOneRecord = !ownedBy && part.where && isOfOneRecord(*part.where);
     return result;
 }
 

@@ -43,7 +43,6 @@ struct Finding {
     bool searches = false; // a text is looked for inside others, or there are repeats to be dropped
     // All rows of one table, without condition or order.
     bool wholeTable = false;
-    bool ofOneRecord = false; // they are found by its number and mark: few
     // Only for a whole table: its rows with their address, those with an address above the last
     // parameter but one, up to the last parameter, in the order of the address.
     Emitted stretch;
