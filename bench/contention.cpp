@@ -147,6 +147,7 @@ std::vector<Figures> runWriters(const QString& path, int writers, int adds)
     for (int i = 0; i < writers; ++i)
         go.send('g');
     std::vector<Figures> figures;
+    figures.reserve(static_cast<std::size_t>(writers));
     for (int i = 0; i < writers; ++i)
         figures.push_back(told.receive<Figures>());
     while (::wait(nullptr) > 0) {}
