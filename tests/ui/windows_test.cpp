@@ -1,5 +1,6 @@
 #include "ui/message_boxes.h"
 #include "ui/twips.h"
+#include "ui/wait_cursor.h"
 #include "ui/window_placement.h"
 
 #include <QAbstractButton>
@@ -146,6 +147,25 @@ TEST(MessageBoxes, AskForATextThatMayBeSecret)
     }
     const auto answer = onModal<QInputDialog>(type(QString(), QLineEdit::Normal));
     EXPECT_EQ(messages.askText(u"データ名"_s, u"コルヴァン３"_s, false), std::nullopt);
+}
+
+TEST(WaitCursor, IsShownForALongWaitAlone)
+{
+    EXPECT_EQ(storage::waitWatcher(), nullptr);
+    {
+        ui::WaitCursor cursor;
+        ASSERT_EQ(storage::waitWatcher(), &cursor);
+        QGuiApplication::setOverrideCursor(Qt::PointingHandCursor); // somebody else's
+        cursor.waitEnded({});
+        EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::PointingHandCursor);
+        cursor.waitGoesOn();
+        EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+        cursor.waitEnded({});
+        EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::PointingHandCursor);
+        QGuiApplication::restoreOverrideCursor();
+        EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    }
+    EXPECT_EQ(storage::waitWatcher(), nullptr);
 }
 
 TEST(WindowPlaces, ComeBackOntoTheScreen)
