@@ -21,7 +21,6 @@ namespace bench {
 namespace {
 
 constexpr int Adds = 50;
-constexpr int Stride = 19;              // from one record that is taken for a pattern to the next
 constexpr int HighNumber = 100'000'000; // above the numbers of a sample
 
 struct NumberedTable {

@@ -23,7 +23,7 @@ void FoundRows::remove(qint64 position)
 
 qint64 FoundRows::find(qsizetype source, qint64 address) const
 {
-    for (std::size_t i = static_cast<std::size_t>(source); i < m_addresses.size(); i += m_width) {
+    for (auto i = static_cast<std::size_t>(source); i < m_addresses.size(); i += m_width) {
         if (m_addresses[i] == address)
             return m_first + static_cast<qint64>(i / m_width);
     }
@@ -33,7 +33,7 @@ qint64 FoundRows::find(qsizetype source, qint64 address) const
 QString AddressSet::list(qsizetype source) const
 {
     QString text(u'[');
-    for (std::size_t i = static_cast<std::size_t>(source); i < m_rows.size(); i += m_width) {
+    for (auto i = static_cast<std::size_t>(source); i < m_rows.size(); i += m_width) {
         if (text.size() > 1)
             text += u',';
         text += QString::number(m_rows[i]);
@@ -61,7 +61,7 @@ void AddressSet::sort()
 bool AddressSet::contains(std::span<const qint64> wanted) const
 {
     std::size_t low = 0;
-    std::size_t high = static_cast<std::size_t>(count());
+    auto high = static_cast<std::size_t>(count());
     while (low < high) {
         const std::size_t middle = low + (high - low) / 2;
         if (isBefore(row(middle), wanted))

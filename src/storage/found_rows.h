@@ -57,7 +57,7 @@ public:
     QString list(qsizetype source) const;
     // To be called once, when all are added and before the first question.
     void sort();
-    bool contains(std::span<const qint64> row) const;
+    bool contains(std::span<const qint64> wanted) const;
 
 private:
     std::span<const qint64> row(std::size_t place) const
