@@ -164,7 +164,7 @@ RowFinder::Outcome RowFinder::findOnTheWay(qint64 position, qint64 count)
         m_rows.start(position);
     else if (m_rows.count() < count && (m_rows.count() > 0 || position == 0))
         m_total = m_rows.end();
-    m_complete = m_total >= 0 && position == 0;
+    m_complete = position == 0 && m_rows.end() == m_total;
     return outcome;
 }
 
