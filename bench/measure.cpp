@@ -56,10 +56,8 @@ std::vector<double> medians(const std::vector<Sample>& samples)
             times[i].push_back(samples[i]());
         timed += times.front().back();
     }
-    std::vector<double> found;
-    found.reserve(times.size());
-    for (const std::vector<double>& ofOne : times)
-        found.push_back(median(ofOne));
+    std::vector<double> found(times.size());
+    std::ranges::transform(times, found.begin(), median);
     return found;
 }
 
