@@ -30,7 +30,9 @@ struct HandOrder {
 struct HandFilter {
     QString name;
     customer::ListFilter filter;
-    QStringList conditions;           // each gives the filter's rows; none: all rows
+    // Each gives the filter's rows; a tilde stands before what an index of it is over. None: all
+    // rows.
+    QStringList conditions;
     QString onlyValueOf = {};         // a column that holds the same in all these rows
     customer::Settings settings = {}; // with which the list is opened
 };
