@@ -7,8 +7,9 @@
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <cmath>
+#include <ctime>
 #include <thread>
+#include <utility>
 
 namespace storage::engine::sqlite {
 
@@ -20,8 +21,8 @@ using Milliseconds = std::chrono::duration<double, std::milli>;
 
 constexpr Milliseconds LongestNap{10};
 constexpr Milliseconds ShortestNap{0.2};
-constexpr Milliseconds WaitOfLongestNaps{25};
-constexpr double Steepness = 1.5; // with which naps become shorter after that
+constexpr Milliseconds WaitOfLongestNaps{40};
+constexpr double NapsToLooks = 8; // so that looking leaves the machine to whoever writes
 // Whoever had to wait so lately, and wrote so lately, steps back for so long.
 constexpr Clock::duration Contended = 1s;
 constexpr Clock::duration JustNow = 3ms;
@@ -32,9 +33,17 @@ struct Wait {
     Clock::time_point since;
     bool running = false;
     bool shown = false;
+    Milliseconds spent; // of this thread's work, when it looked last
 };
 thread_local Wait current;
 thread_local Clock::time_point lastWait;
+
+Milliseconds spentByThread()
+{
+    timespec spent{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &spent);
+    return std::chrono::seconds(spent.tv_sec) + std::chrono::nanoseconds(spent.tv_nsec);
+}
 
 // Of random length, so that the copies do not look all at once.
 void sleepAbout(Milliseconds mean)
@@ -48,7 +57,8 @@ Milliseconds napAfter(Milliseconds waited)
 {
     if (waited <= WaitOfLongestNaps)
         return LongestNap;
-    return std::max(ShortestNap, LongestNap * std::pow(WaitOfLongestNaps / waited, Steepness));
+    const double part = WaitOfLongestNaps / waited;
+    return std::max(ShortestNap, LongestNap * part * part);
 }
 
 // Gives 0 when the engine is to give up.
@@ -56,7 +66,7 @@ int onBusy(void* handle, int /*times*/)
 {
     const Clock::time_point now = Clock::now();
     if (!current.running)
-        current = {now, true, false};
+        current = {now, true, false, spentByThread()};
     const Clock::duration waited = now - current.since;
     if (waited >= LongestWait)
         return 0;
@@ -68,7 +78,10 @@ int onBusy(void* handle, int /*times*/)
     // A commit that waits for readers keeps all others waiting.
     const bool writes =
         sqlite3_txn_state(static_cast<sqlite3*>(handle), "main") == SQLITE_TXN_WRITE;
-    sleepAbout(writes ? ShortestNap : napAfter(waited));
+    const Milliseconds spent = spentByThread();
+    const Milliseconds look = spent - std::exchange(current.spent, spent);
+    const Milliseconds least = std::clamp(look * NapsToLooks, ShortestNap, LongestNap);
+    sleepAbout(writes ? ShortestNap : std::max(least, napAfter(waited)));
     return 1;
 }
 
@@ -90,7 +103,7 @@ void letOthersFirst(Clock::time_point lastWrite)
     const Clock::time_point now = Clock::now();
     if (now - lastWait >= Contended || now - lastWrite >= JustNow)
         return;
-    current = {now, true, false};
+    current = {now, true, false, spentByThread()};
     sleepAbout(StepBack);
 }
 
