@@ -56,6 +56,13 @@ private:
     int m_descriptor;
 };
 
+Error otherError(const QString& systemsWords)
+{
+    return {.kind = ErrorKind::Other,
+            .message = u"ファイルを操作できません。"_s,
+            .details = systemsWords};
+}
+
 Error errorOf(int number)
 {
     switch (number) {
@@ -72,7 +79,7 @@ Error errorOf(int number)
     case EDQUOT:
         return {ErrorKind::Full, u"ディスクの空き容量が足りません。"_s};
     default:
-        return {ErrorKind::Other, u"ファイルを操作できません。"_s + qt_error_string(number)};
+        return otherError(qt_error_string(number));
     }
 }
 
@@ -92,11 +99,11 @@ std::optional<Error> readFile(const QString& path, QByteArray* bytes)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        return file.exists() ? Error{ErrorKind::Other, file.errorString()} : errorOf(ENOENT);
+        return file.exists() ? otherError(file.errorString()) : errorOf(ENOENT);
     }
     *bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
-        return Error{ErrorKind::Other, file.errorString()};
+        return otherError(file.errorString());
     return std::nullopt;
 }
 
