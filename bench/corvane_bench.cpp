@@ -7,6 +7,7 @@
 #include "positions.h"
 #include "reading.h"
 #include "searches.h"
+#include "standing_reader.h"
 #include "whole_file.h"
 
 #include "core/data/database_password.h"
@@ -218,6 +219,7 @@ int main(int argc, char** argv)
     bench::measureSearches(figures, files.encrypted, password);
     bench::measureListPages(figures, files.encrypted, password, Today);
     bench::measurePositions(figures, files.encrypted, Today);
+    bench::measureStandingReader(figures, files.encrypted, password);
     if (figures.count() == 0)
         bench::giveUp(u"No figure has such a name."_s);
     return figures.within() ? 0 : 1;

@@ -1,9 +1,10 @@
 # corvane_room(NAME PATH folder [WIDGETS] USES target... PRIVATE_USES target...)
 #   One static library of all sources under the folder. A room without sources is left out, and
 #   targets that use it go without it. WIDGETS: moc, uic and rcc run over it.
-# corvane_tests(NAME [PATH folder] [WIDGETS] [USES target...] [RUNS program...])
+# corvane_tests(NAME [PATH folder] [WITH folder] [WIDGETS] [USES target...] [RUNS program...])
 #   One test program NAME_tests of the sources under tests/ that mirror the room's folder.
-#   Without PATH, NAME is a room and its tests may use what it uses. RUNS: built beforehand.
+#   Without PATH, NAME is a room and its tests may use what it uses. RUNS: built beforehand. WITH:
+#   a folder of further sources, which several programs share.
 
 define_property(TARGET PROPERTY CORVANE_PATH BRIEF_DOCS "Folder of a room")
 define_property(TARGET PROPERTY CORVANE_WIDGETS BRIEF_DOCS "Whether a room has widgets")
@@ -136,7 +137,7 @@ function(corvane_collect_test_support out)
 endfunction()
 
 function(corvane_tests name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "WIDGETS" "PATH" "USES;RUNS")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "WIDGETS" "PATH;WITH" "USES;RUNS")
     if(NOT CORVANE_TESTS)
         return()
     endif()
@@ -153,6 +154,11 @@ function(corvane_tests name)
     corvane_sources(sources ${arg_PATH})
     if(NOT sources)
         return()
+    endif()
+
+    if(arg_WITH)
+        corvane_sources(with ${arg_WITH})
+        list(APPEND sources ${with})
     endif()
 
     corvane_existing(uses ${rooms})

@@ -88,7 +88,7 @@ inline void fill(Database& database, const storage::schema::Table& table, QRando
 {
     constexpr int rows = 12;
     for (int i = 0; i < rows; ++i) {
-        storage::sql::RowWrite row{table.name(), {}};
+        storage::sql::RowWrite row{table.name(), {}, {}};
         for (const storage::schema::Column& column : table.columns()) {
             const storage::Value value = someValue(column, random);
             const auto fitting = storage::fitColumn(value, column);
@@ -107,7 +107,7 @@ inline Database made(const QString& name, const storage::schema::Definition& def
     Database database;
     storage::Error error;
     QRandomGenerator random(20261122);
-    database.session = storage::engine::createEmbedded(folder.filePath(name), u"x"_s, &error);
+    database.session = storage::engine::embedded().create(folder.filePath(name), u"x"_s, &error);
     if (!database.session || database.session->upkeep().create(definition)
         || database.session->readCatalog(&database.catalog) || database.session->begin(0))
         give(u"no database: "_s + error.message);

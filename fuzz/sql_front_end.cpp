@@ -144,7 +144,7 @@ void compareUnindexed(const Database& database, const QString& statement,
     const auto& rows = std::get<sql::bound::Select>(std::get<sql::bound::Statement>(bound));
     sql::Compiled compiled;
     compiled.count = sql::Emitter(database.session->dialect()).count(rows);
-    if (!sql::fill(&compiled, values) && isSettled(rows))
+    if (!sql::fill(&compiled, values, database.session->dialect()) && isSettled(rows))
         expectSame(count, counted(database, compiled.count, statement), u"without index"_s,
                    statement);
 }
@@ -203,7 +203,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         return 0;
     }
     auto& compiled = std::get<sql::Compiled>(result);
-    if (sql::fill(&compiled, values))
+    if (sql::fill(&compiled, values, database.session->dialect()))
         return 0;
     if (compiled.kind != sql::StatementKind::Rows) {
         runChange(database, compiled, statement);

@@ -1,6 +1,5 @@
 #include "storage/connection.h"
 
-#include "storage/data_files/file_lock.h"
 #include "storage/engine/engine.h"
 #include "storage/listed_texts.h"
 #include "storage/schema/catalog.h"
@@ -10,25 +9,24 @@
 #include "storage/waiting.h"
 
 #include <QCache>
-#include <QFile>
-#include <QFileInfo>
 
 #include <functional>
 
 namespace storage {
 
 using namespace Qt::StringLiterals;
-using data_files::FileLock;
-using data_files::LockKind;
+using engine::Lock;
+using engine::LockKind;
 
 // What is open. The lock comes first, so that it is the last to go.
 struct Connection::Private {
-    Private(FileLock held, std::unique_ptr<engine::Session> opened, const QString& at, Mode shared)
+    Private(std::unique_ptr<Lock> held, std::unique_ptr<engine::Session> opened, const QString& at,
+            Mode shared)
         : lock(std::move(held)), session(std::move(opened)), path(at), mode(shared)
     {
     }
 
-    FileLock lock;
+    std::unique_ptr<Lock> lock;
     std::unique_ptr<engine::Session> session;
     QString path;
     Mode mode;
@@ -86,7 +84,7 @@ private:
 };
 
 // Does a step that is the better for being the only copy that has the file open.
-std::optional<Error> tryAlone(FileLock& lock, Mode mode,
+std::optional<Error> tryAlone(Lock& lock, Mode mode,
                               const std::function<std::optional<Error>(bool alone)>& step)
 {
     if (mode == Mode::ShareExclusive)
@@ -103,7 +101,7 @@ std::optional<Error> tryAlone(FileLock& lock, Mode mode,
 }
 
 // Indexes that another version of the text rules has made are renewed before anybody reads by them.
-std::optional<Error> settleTextIndexes(engine::Upkeep& upkeep, FileLock& lock, Mode mode)
+std::optional<Error> settleTextIndexes(engine::Upkeep& upkeep, Lock& lock, Mode mode)
 {
     if (!upkeep.hasForeignTextIndexes())
         return {};
@@ -119,44 +117,47 @@ Connection::~Connection()
     close();
 }
 
-bool Connection::open(const QString& path, const QString& password, Mode mode)
+bool Connection::open(const Location& file, const QString& password, Mode mode)
 {
     if (isOpen())
         return fail(stateError(u"すでにファイルを開いています。"_s));
-    // No lock file is left beside a file that is not there.
-    if (!QFileInfo::exists(path))
+    engine::Engine& engine = file.engine();
+    // No lock file is left beside a file that is not there. What is there and no data file is told
+    // by the opening.
+    if (engine.identity(file.name()).isEmpty())
         return fail({ErrorKind::Missing, u"ファイルがみつかりません。"_s});
     Error error;
-    auto lock = FileLock::acquire(
-        path, mode == Mode::ShareExclusive ? LockKind::Exclusive : LockKind::Shared, &error);
+    auto lock = engine.lock(
+        file.name(), mode == Mode::ShareExclusive ? LockKind::Exclusive : LockKind::Shared, &error);
     if (!lock)
         return fail(error);
-    auto session = engine::openEmbedded(path, password, &error);
+    auto session = engine.open(file.name(), password, &error);
     if (!session)
         return fail(error);
     if (auto failure = settleTextIndexes(session->upkeep(), *lock, mode))
         return fail(*failure);
-    return adopt(std::make_unique<Private>(std::move(*lock), std::move(session), path, mode));
+    return adopt(std::make_unique<Private>(std::move(lock), std::move(session), file.name(), mode));
 }
 
-bool Connection::create(const QString& path, const QString& password,
+bool Connection::create(const Location& file, const QString& password,
                         const schema::Definition& definition)
 {
     if (isOpen())
         return fail(stateError(u"すでにファイルを開いています。"_s));
+    engine::Engine& engine = file.engine();
     Error error;
-    auto lock = FileLock::acquire(path, LockKind::Exclusive, &error);
+    auto lock = engine.lock(file.name(), LockKind::Exclusive, &error);
     if (!lock)
         return fail(error);
-    auto session = engine::createEmbedded(path, password, &error);
+    auto session = engine.create(file.name(), password, &error);
     if (!session)
         return fail(error);
     if (auto failure = session->upkeep().create(definition)) {
         session.reset();
-        QFile::remove(path);
+        engine.remove(file.name());
         return fail(*failure);
     }
-    return adopt(std::make_unique<Private>(std::move(*lock), std::move(session), path,
+    return adopt(std::make_unique<Private>(std::move(lock), std::move(session), file.name(),
                                            Mode::ShareExclusive));
 }
 
@@ -228,7 +229,7 @@ bool Connection::compile(const QString& statement, sql::Compiled* compiled)
 
 bool Connection::fill(const QString& statement, const QList<Value>& values, sql::Compiled* compiled)
 {
-    std::optional<Error> error = sql::fill(compiled, values);
+    std::optional<Error> error = sql::fill(compiled, values, d->session->dialect());
     if (error)
         error->statement = statement;
     return check(std::move(error));
@@ -343,9 +344,9 @@ bool Connection::bringUpToDate(const schema::Definition& definition)
         const ShownWait shown; // some seconds for a large file
         return upkeep.convert(definition);
     };
-    const bool done = check(upkeep.hasFormerFormat() ? tryAlone(d->lock, d->mode, convert)
+    const bool done = check(upkeep.hasFormerFormat() ? tryAlone(*d->lock, d->mode, convert)
                                                      : upkeep.completeIndexes(definition));
-    if (!d->lock.isHeld())
+    if (!d->lock->isHeld())
         close();
     return done && rereadCatalog();
 }

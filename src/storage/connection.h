@@ -1,6 +1,7 @@
 #pragma once
 
 #include "storage/error.h"
+#include "storage/location.h"
 #include "storage/value.h"
 
 #include <QList>
@@ -43,18 +44,19 @@ public:
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    // Opens an existing data file and holds its lock file shared (ReadWrite) or exclusive
+    // Opens an existing data file and holds its lock shared (ReadWrite) or exclusive
     // (ShareExclusive) until close(). Never creates a file. Fails with Missing, InUse, Unreadable,
     // ReadOnly, Busy, Full, Other, or State when a file is open already.
-    bool open(const QString& path, const QString& password, Mode mode = Mode::ReadWrite);
+    bool open(const Location& file, const QString& password, Mode mode = Mode::ReadWrite);
     // Makes a new, encrypted data file of the definition and opens it exclusively. Fails with
     // Exists when it or its "-journal" is there; a file that could not be finished is removed
     // again.
-    bool create(const QString& path, const QString& password, const schema::Definition& definition);
+    bool create(const Location& file, const QString& password,
+                const schema::Definition& definition);
     // Recordsets that are open on it close, an open transaction is rolled back.
     void close();
     bool isOpen() const;
-    QString path() const;
+    QString path() const; // the name that open() was given
     Mode mode() const;
 
     // Runs one statement. `affected` receives the number of rows written, 0 for a statement that

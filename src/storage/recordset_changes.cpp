@@ -135,19 +135,22 @@ std::vector<Value> Recordset::Private::changedRow() const
     return row;
 }
 
+// What is written of the current row, and what of it is read again.
+sql::RowWrite Recordset::Private::rowWrite() const
+{
+    sql::RowWrite row{table.name(), changedValues(), {}};
+    for (int field = 0; field < fields.count(); ++field) {
+        if (const schema::Column* column = columnOf(field))
+            row.returned.append(column->name);
+    }
+    return row;
+}
+
 bool Recordset::Private::append()
 {
-    // Written and read again as one step; inside a transaction the caller's own undoes both.
-    std::optional<Transaction> own;
-    if (connection->transactionDepth() == 0 && !own.emplace(*connection).isActive())
-        return false;
-    engine::Session& session = *connection->session();
-    const auto values = changedValues();
-    if (!writeOne(sql::insertRow({table.name(), values}, table, session.dialect())))
-        return false;
     std::vector<Value> row = changedRow();
-    row.back() = Value(session.lastRowAddress());
-    if (!readAgain(&row) || !connection->listTexts(table.name(), values) || (own && !own->commit()))
+    const auto& dialect = connection->session()->dialect();
+    if (!write(sql::insertRow(rowWrite(), table, dialect), &row))
         return false;
     newRow = std::move(row);
     forgetChanges();
@@ -158,15 +161,9 @@ bool Recordset::Private::append()
 
 bool Recordset::Private::change()
 {
-    std::optional<Transaction> own;
-    if (connection->transactionDepth() == 0 && !own.emplace(*connection).isActive())
-        return false;
-    const auto& dialect = connection->session()->dialect();
     std::vector<Value> row = changedRow();
-    const auto values = changedValues();
-    if (!writeOne(sql::updateRow({table.name(), values}, table, row.back(), readStamp(), dialect)))
-        return false;
-    if (!readAgain(&row) || !connection->listTexts(table.name(), values) || (own && !own->commit()))
+    const auto& dialect = connection->session()->dialect();
+    if (!write(sql::updateRow(rowWrite(), table, row.back(), readStamp(), dialect), &row))
         return false;
     if (stand == Stand::Row)
         reader->replaceRow(row);
@@ -178,9 +175,13 @@ bool Recordset::Private::change()
 
 bool Recordset::Private::remove()
 {
-    const auto& dialect = connection->session()->dialect();
-    if (!writeOne(sql::deleteRow(table, address(), readStamp(), dialect)))
-        return false;
+    engine::Session& session = *connection->session();
+    qint64 affected = 0;
+    if (const auto error = session.run(
+            sql::deleteRow(table, address(), readStamp(), session.dialect()), &affected))
+        return fail(*error);
+    if (affected == 0)
+        return fail(goneError());
     forgetChanges();
     if (stand == Stand::Row)
         reader->removeRow();
@@ -188,44 +189,40 @@ bool Recordset::Private::remove()
     return true;
 }
 
-// Runs a statement that is to write one row; Gone when it wrote none.
-bool Recordset::Private::writeOne(const sql::Emitted& statement) const
+// Runs a statement that writes one row, and puts the row as it is in the file then in the place of
+// what was written: with its auto-number, its stamp and its address. Fields that no column stands
+// behind keep their values. Gone when no row was written.
+bool Recordset::Private::write(const sql::Emitted& statement, std::vector<Value>* row)
 {
-    qint64 affected = 0;
-    if (const auto error = connection->session()->run(statement, &affected))
-        return fail(*error);
-    return affected > 0 || fail(goneError());
-}
-
-// Puts the row as it is in the file now in the place of what was written: with its auto-number and
-// its stamp. Fields that no column stands behind keep their values.
-bool Recordset::Private::readAgain(std::vector<Value>* row) const
-{
-    const auto& dialect = connection->session()->dialect();
-    const QString tableName = dialect.name(table.name());
-    QStringList columns;
-    for (int field = 0; field < fields.count(); ++field) {
-        const schema::Column* column = columnOf(field);
-        columns += column ? dialect.name(column->name) : u"NULL"_s;
-    }
-    Error error;
-    const auto cursor = connection->session()->prepare(
-        {u"SELECT "_s + columns.join(u", "_s) + u" FROM "_s + tableName + u" WHERE "_s
-             + dialect.rowAddress(table, tableName) + u" = ?"_s,
-         {row->back()}},
-        &error);
-    if (!cursor)
-        return fail(error);
-    const engine::Cursor::Step step = cursor->step();
-    if (step != engine::Cursor::Step::Row)
-        return fail(step == engine::Cursor::Step::Failed ? cursor->error() : goneError());
-    for (int field = 0; field < fields.count(); ++field) {
-        if (columnOf(field)) {
-            (*row)[static_cast<std::size_t>(field)] =
-                cursor->value(field, compiled.columns.at(field).type);
+    // The row and what it brings to the lists of texts are one step; inside a transaction the
+    // caller's own undoes both.
+    std::optional<Transaction> own;
+    if (connection->transactionDepth() == 0 && !own.emplace(*connection).isActive())
+        return false;
+    using Step = engine::Cursor::Step;
+    {
+        Error error;
+        const auto cursor = connection->session()->prepare(statement, &error);
+        if (!cursor)
+            return fail(error);
+        Step step = cursor->step();
+        if (step == Step::Row) {
+            int column = 0;
+            for (int field = 0; field < fields.count(); ++field) {
+                if (columnOf(field)) {
+                    (*row)[static_cast<std::size_t>(field)] =
+                        cursor->value(column++, compiled.columns.at(field).type);
+                }
+            }
+            row->back() = Value(cursor->integer(column));
+            step = cursor->step();
+        } else if (step == Step::Done) {
+            return fail(goneError());
         }
+        if (step == Step::Failed)
+            return fail(cursor->error());
     }
-    return true;
+    return connection->listTexts(table.name(), changedValues()) && (!own || own->commit());
 }
 
 } // namespace storage

@@ -68,8 +68,8 @@ struct Recordset::Private final : ConnectionUser {
     bool append();
     bool change();
     bool remove();
-    bool writeOne(const sql::Emitted& statement) const;
-    bool readAgain(std::vector<Value>* row) const;
+    sql::RowWrite rowWrite() const;
+    bool write(const sql::Emitted& statement, std::vector<Value>* row);
 };
 
 } // namespace storage

@@ -1,172 +1,97 @@
 #include "storage/data_files/data_files.h"
 
-#include "storage/data_files/file_lock.h"
-#include "storage/data_files/file_steps.h"
 #include "storage/engine/engine.h"
 
-#include <QFile>
-#include <QFileInfo>
-
-#include <sys/stat.h>
+#include <memory>
+#include <vector>
 
 namespace storage::data_files {
 
 using namespace Qt::StringLiterals;
+using engine::Engine;
+using engine::Lock;
+using engine::LockKind;
 
 namespace {
 
-QString journalOf(const QString& path)
+std::optional<Error> refuseMissing(const Location& file)
 {
-    return path + u"-journal"_s;
-}
-
-// A new file may not find a journal of its name: it would be played into it.
-std::optional<Error> refuseTaken(const QString& path)
-{
-    if (QFileInfo::exists(path) || QFileInfo::exists(journalOf(path)))
-        return Error{ErrorKind::Exists, u"同じ名前のファイルがあります。"_s};
-    return std::nullopt;
-}
-
-std::optional<Error> refuseMissing(const QString& path)
-{
-    if (!exists(path))
+    if (!exists(file))
         return Error{ErrorKind::Missing, u"ファイルが見つかりません。"_s};
     return std::nullopt;
 }
 
-// Rolls a journal left by a crash back into the file. What is still there after that is no longer
-// of any use to the file.
-std::optional<Error> settleJournal(const QString& path, const QString& password)
-{
-    if (!QFileInfo::exists(journalOf(path)))
-        return std::nullopt;
-    Error error;
-    if (!engine::openEmbedded(path, password, &error))
-        return error;
-    return QFileInfo::exists(journalOf(path)) ? removeFile(journalOf(path)) : std::nullopt;
-}
-
 // The step's failure, or the first of the locks that it needs that could not be had.
-template <typename Step> std::optional<Error> underLocks(const QStringList& paths, Step step)
+template <typename Step> std::optional<Error> underLocks(const QList<Location>& files, Step step)
 {
-    std::vector<FileLock> locks;
-    for (const QString& path : paths) {
+    std::vector<std::unique_ptr<Lock>> locks;
+    for (const Location& file : files) {
         Error error;
-        std::optional<FileLock> lock = FileLock::acquire(path, LockKind::Exclusive, &error);
-        if (!lock)
+        locks.push_back(file.engine().lock(file.name(), LockKind::Exclusive, &error));
+        if (!locks.back())
             return error;
-        locks.push_back(std::move(*lock));
     }
-    return step();
-}
-
-// Compacts under locks that are held already.
-std::optional<Error> compactLocked(const QString& source, const QString& target,
-                                   const QString& password)
-{
-    if (auto error = refuseTaken(target))
-        return error;
-    if (auto error = settleJournal(source, password))
-        return error;
-    Error error;
-    const auto session = engine::openEmbedded(source, password, &error);
-    if (!session)
-        return error;
-    if (auto failure = session->upkeep().compactInto(target)) {
-        QFile::remove(target);
-        QFile::remove(journalOf(target));
-        return failure;
-    }
-    return syncFile(target);
+    return step(files.first().engine());
 }
 
 } // namespace
 
-bool exists(const QString& path)
+bool exists(const Location& file)
 {
-    return QFileInfo(path).isFile();
+    return file.engine().exists(file.name());
 }
 
-QByteArray identity(const QString& path)
+QByteArray identity(const Location& file)
 {
-    struct stat found = {};
-    if (::stat(QFile::encodeName(path).constData(), &found) != 0)
-        return {};
-    return QByteArray::number(static_cast<quint64>(found.st_dev)) + '-'
-        + QByteArray::number(static_cast<quint64>(found.st_ino));
+    return file.engine().identity(file.name());
 }
 
-std::optional<Error> create(const QString& templatePath, const QString& path)
+std::optional<Error> create(const Location& source, const Location& file)
 {
-    QByteArray bytes;
-    if (const auto error = readFile(templatePath, &bytes))
+    // No lock file is left beside a file that could not be made.
+    if (auto error = refuseMissing(source))
         return error;
-    return underLocks({path}, [&]() -> std::optional<Error> {
-        if (auto error = refuseTaken(path))
-            return error;
-        // Under its own name only when it is whole; a half copy of an earlier try is in nobody's
-        // use.
-        const QString draft = path + u".new"_s;
-        if (QFileInfo::exists(draft)) {
-            if (auto error = removeFile(draft))
-                return error;
-        }
-        if (auto error = writeNewFile(draft, bytes))
-            return error;
-        auto error = moveFile(draft, path);
-        if (error)
-            removeFile(draft);
-        return error;
-    });
+    return underLocks({file},
+                      [&](Engine& engine) { return engine.copy(source.name(), file.name()); });
 }
 
-std::optional<Error> rename(const QString& from, const QString& to, const QString& password)
+std::optional<Error> rename(const Location& from, const Location& to, const QString& password)
 {
     if (auto error = refuseMissing(from))
         return error;
-    return underLocks({from, to}, [&]() -> std::optional<Error> {
+    return underLocks({from, to}, [&](Engine& engine) -> std::optional<Error> {
         if (auto error = refuseMissing(from))
             return error;
-        if (auto error = refuseTaken(to))
-            return error;
-        if (auto error = settleJournal(from, password))
-            return error;
-        return moveFile(from, to);
+        return engine.rename(from.name(), to.name(), password);
     });
 }
 
-std::optional<Error> remove(const QString& path)
+std::optional<Error> remove(const Location& file)
 {
-    return underLocks({path}, [&]() -> std::optional<Error> {
-        const bool hasJournal = QFileInfo::exists(journalOf(path));
-        const auto error = removeFile(path);
-        const bool fileStays = error && error->kind != ErrorKind::Missing;
-        if (fileStays || !hasJournal)
-            return error;
-        return removeFile(journalOf(path));
-    });
+    return underLocks({file}, [&](Engine& engine) { return engine.remove(file.name()); });
 }
 
-std::optional<Error> compact(const QString& source, const QString& target, const QString& password)
+std::optional<Error> compact(const Location& source, const Location& target,
+                             const QString& password)
 {
     if (auto error = refuseMissing(source))
         return error;
-    return underLocks({source, target}, [&] { return compactLocked(source, target, password); });
+    return underLocks({source, target}, [&](Engine& engine) {
+        return engine.compact(source.name(), target.name(), password);
+    });
 }
 
-std::optional<Error> compactInPlace(const QString& path, const QString& draft,
+std::optional<Error> compactInPlace(const Location& file, const Location& draft,
                                     const QString& password)
 {
-    if (auto error = refuseMissing(path))
+    if (auto error = refuseMissing(file))
         return error;
-    return underLocks({path, draft}, [&]() -> std::optional<Error> {
-        if (auto error = compactLocked(path, draft, password))
+    return underLocks({file, draft}, [&](Engine& engine) -> std::optional<Error> {
+        if (auto error = engine.compact(file.name(), draft.name(), password))
             return error;
-        // A link stays one: what it leads to is replaced.
-        auto error = replaceFile(draft, QFileInfo(path).canonicalFilePath());
+        auto error = engine.replace(draft.name(), file.name());
         if (error)
-            QFile::remove(draft);
+            engine.remove(draft.name());
         return error;
     });
 }

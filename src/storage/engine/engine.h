@@ -1,109 +1,80 @@
 #pragma once
 
-#include "storage/engine/row_buffer.h"
+#include "storage/engine/session.h"
 #include "storage/error.h"
-#include "storage/schema/catalog.h"
-#include "storage/schema/definitions.h"
-#include "storage/sql/compile.h"
-#include "storage/sql/dialect.h"
-#include "storage/sql/finding.h"
-#include "storage/value.h"
+
+#include <QByteArray>
+#include <QString>
 
 #include <memory>
 #include <optional>
 
-// What an engine must give. Failures come back as an Error in engine-neutral kinds, nullopt is
-// success.
+// What an engine must give: data under names, which are paths for one that keeps them in files.
+// What a Location names is reached through the engine that it chose.
 namespace storage::engine {
 
-// The rows of one prepared statement, read forward.
-class Cursor {
+enum class LockKind { Shared, Exclusive };
+
+// A hold on data, kept until it is destroyed. A killed process leaves none.
+class Lock {
 public:
-    enum class Step { Row, Done, Failed, Stopped };
+    Lock() = default;
+    Lock(const Lock&) = delete;
+    Lock& operator=(const Lock&) = delete;
+    virtual ~Lock() = default;
 
-    virtual ~Cursor() = default;
-    virtual Step step() = 0;
-    // The statement stops (Step::Stopped) once it has looked at about this many rows, those that it
-    // passes over among them.
-    virtual void limitWork(qint64 rows) = 0;
-    virtual int columnCount() const = 0;
-    // A whole number of the current row, an address mostly; sql::NoAddress for Null.
-    virtual qint64 integer(int column) const = 0;
-    // The current row's value; the column type tells date-times from texts.
-    virtual Value value(int column, schema::ColumnType type) const = 0;
-    // Adds `columns` values of the current row, from the column `first` on, to the buffer.
-    virtual void takeRow(int first, int columns, RowBuffer* rows) const = 0;
-    // Why the last step failed.
-    virtual Error error() const = 0;
+    // Turns a shared hold into an exclusive one without waiting, and back; false when another
+    // copy's hold stands against it. In between the old one may be given up for a moment, so
+    // another copy can come first: then nothing is held any longer.
+    virtual bool raise() = 0;
+    virtual bool lower() = 0;
+    virtual bool isHeld() const = 0;
 };
 
-// How an engine would read a statement's rows.
-enum class Way {
-    Sorts,       // it collects them all and sorts them
-    WalksGroups, // an index gives the order but for rows that are alike in the first terms
-    WalksAll,    // an index gives the order, the condition is looked at on the way
-    WalksSome,   // an index gives the order and leads to the rows of the condition
-};
-
-// What keeps a file in order, apart from the statements that run on it.
-class Upkeep {
+class Engine {
 public:
-    virtual ~Upkeep() = default;
+    virtual ~Engine() = default;
 
-    // Makes all tables, indexes and first rows of a new file.
-    virtual std::optional<Error> create(const schema::Definition& definition) = 0;
-    // Makes those indexes of the definition that are missing and whose columns are all there; those
-    // over folds and keys only while the file's text versions are this program's. For a file of
-    // today's format.
-    virtual std::optional<Error> completeIndexes(const schema::Definition& definition) = 0;
+    // Takes hold of a name, whether there is data under it or not, without waiting. Null when it
+    // fails: InUse when another hold stands against it, also one of this process; Missing when
+    // there is no place for such a name; ReadOnly, Full or Other.
+    virtual std::unique_ptr<Lock> lock(const QString& name, LockKind kind, Error* error) = 0;
+    // Whether there is data under the name. Asked without a lock, as the next.
+    virtual bool exists(const QString& name) = 0;
+    // Tells what is under a name, data or not, from all else, by whatever names it is reached;
+    // empty when nothing is.
+    virtual QByteArray identity(const QString& name) = 0;
 
-    // True for a file of the format before today's. It is read and written as it is until
-    // convert() brings it to today's, as the only copy that has the file open; all of that or
-    // nothing.
-    virtual bool hasFormerFormat() const = 0;
-    virtual std::optional<Error> convert(const schema::Definition& definition) = 0;
+    // The caller holds a lock on every name that it gives from here on, an exclusive one but for
+    // open(). What returns without an error has reached the disk.
 
-    // True when the file's indexes were made by other versions of fold and collator than this
-    // program's, or are left out for that reason.
-    virtual bool hasForeignTextIndexes() const = 0;
-    // As the only copy that has the file open: makes those indexes anew. Otherwise drops them, so
-    // that every copy sorts without them and no copy reads what another version wrote.
-    virtual std::optional<Error> renewTextIndexes(bool onlyCopy) = 0;
-
-    // Writes a compacted copy with the same cipher and password; `path` must not be there.
-    virtual std::optional<Error> compactInto(const QString& path) = 0;
+    // Opens data, and rolls back what a crash left half written; never makes any. Null when it
+    // fails: Missing, ReadOnly, Busy or Unreadable.
+    virtual std::unique_ptr<Session> open(const QString& name, const QString& password,
+                                          Error* error) = 0;
+    // Makes new, empty data and opens it. It is no data file before Upkeep::create(). Null when it
+    // fails: Exists when there is data under the name, or what a crash left of some; Missing,
+    // ReadOnly, Full or Other.
+    virtual std::unique_ptr<Session> create(const QString& name, const QString& password,
+                                            Error* error) = 0;
+    // Makes a copy of a template, whole or not at all. Exists as in create(). The template alone
+    // need not be locked.
+    virtual std::optional<Error> copy(const QString& source, const QString& name) = 0;
+    // What a crash left half written is rolled back before. Exists as in create().
+    virtual std::optional<Error> rename(const QString& from, const QString& to,
+                                        const QString& password) = 0;
+    // With what a crash left of it. Missing when there is none.
+    virtual std::optional<Error> remove(const QString& name) = 0;
+    // Makes a copy without the room that removed rows left, under the same password. Exists as in
+    // create(); a copy that fails is gone again.
+    virtual std::optional<Error> compact(const QString& source, const QString& target,
+                                         const QString& password) = 0;
+    // Gives `draft` the name of the data under `name`, which is gone then, in one step: at every
+    // moment there is whole data under it. On failure both are as they were.
+    virtual std::optional<Error> replace(const QString& draft, const QString& name) = 0;
 };
 
-class Session {
-public:
-    virtual ~Session() = default;
-
-    virtual const sql::Dialect& dialect() const = 0;
-    virtual std::unique_ptr<Cursor> prepare(const sql::Emitted& statement, Error* error) = 0;
-    // How the rows of a statement with an order would be read; Sorts when it cannot be told.
-    virtual Way wayOf(const sql::Emitted& statement) = 0;
-    virtual std::optional<Error> run(const sql::Emitted& statement, qint64* affected) = 0;
-    // The address of the row that this session inserted last.
-    virtual qint64 lastRowAddress() const = 0;
-
-    // `depth` is 0 for the outermost transaction, which takes the write lock at once, and counts up
-    // for savepoints. After a failure that undid the whole transaction every statement fails until
-    // the outermost level is rolled back. A commit that fails leaves that level open.
-    virtual std::optional<Error> begin(int depth) = 0;
-    virtual std::optional<Error> commit(int depth) = 0;
-    virtual std::optional<Error> rollBack(int depth) = 0;
-
-    // The tables of the file, those whose names begin with "_" left out.
-    virtual std::optional<Error> readCatalog(schema::Catalog* catalog) = 0;
-    virtual Upkeep& upkeep() = 0;
-};
-
-// The embedded engine. The caller holds the file's lock (data_files/file_lock.h).
-// Opens an existing data file, and rolls back what a crash left half written; never creates one.
-// Fails with Missing, ReadOnly, Busy or Unreadable.
-std::unique_ptr<Session> openEmbedded(const QString& path, const QString& password, Error* error);
-// Makes a new, empty, encrypted file and opens it; fails with Exists when it or its journal is
-// there. It is no data file before create().
-std::unique_ptr<Session> createEmbedded(const QString& path, const QString& password, Error* error);
+// Keeps each set of data in an encrypted file of its own; names are paths.
+Engine& embedded();
 
 } // namespace storage::engine

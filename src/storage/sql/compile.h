@@ -86,9 +86,11 @@ std::variant<Compiled, Error> compile(const QString& statement, const schema::Ca
 
 // Puts the values, of the types compiled for, in the places kept for them. Fails with Type when one
 // does not fit the column that it is written to, with Syntax when it is no Like pattern.
-std::optional<Error> fill(Compiled* compiled, const QList<Value>& arguments);
+std::optional<Error> fill(Compiled* compiled, const QList<Value>& arguments,
+                          const Dialect& dialect);
 // The same for parameters alone.
-std::optional<Error> fill(QList<Parameter>* parameters, const QList<Value>& arguments);
+std::optional<Error> fill(QList<Parameter>* parameters, const QList<Value>& arguments,
+                          const Dialect& dialect);
 
 // The rows, but only `limit` of them from the `offset`th (from 0) on.
 Emitted window(const Compiled& rows, qint64 limit, qint64 offset, const Dialect& dialect);
@@ -98,6 +100,7 @@ Emitted window(const Compiled& rows, qint64 limit, qint64 offset, const Dialect&
 struct RowWrite {
     QString table;
     QList<std::pair<QString, Value>> values;
+    QStringList returned; // the statement gives these columns of the row it wrote, then its address
 };
 Emitted insertRow(const RowWrite& row, const schema::Table& table, const Dialect& dialect);
 Emitted updateRow(const RowWrite& row, const schema::Table& table, const Value& address,

@@ -20,9 +20,32 @@ public:
         return QChar(u'?') + QString::number(number);
     }
     virtual QString name(const QString& identifier) const = 0; // quoted
+    // What stands for a table in FROM; `alias` is empty where the statement gives it no other name.
+    virtual QString source(const schema::Table& table, const QString& alias) const
+    {
+        const QString own = name(table.name());
+        return alias.isEmpty() ? own : own + QStringLiteral(" AS ") + name(alias);
+    }
     // The folded text and the sort key of an expression.
     virtual QString fold(const QString& expression) const = 0;
     virtual QString key(const QString& expression) const = 0;
+    // Whether keys are bytes that text/collate.h makes as well, so that a range of them can be
+    // told.
+    virtual bool keysAreBytes() const { return true; }
+    // One term of an ORDER BY. Null comes before all values, and behind them when descending: an
+    // engine that places it elsewhere says so here.
+    virtual QString ordered(const QString& expression, bool descending) const
+    {
+        return descending ? expression + QStringLiteral(" DESC") : expression;
+    }
+    // A result's column in one part of a union, for an engine that wants the same type in all of
+    // them even where a part gives Null or a literal.
+    virtual QString typed(const QString& expression, schema::ColumnType /*type*/) const
+    {
+        return expression;
+    }
+    // The pattern as it is bound where like() takes it; `pattern` is one that text/like.h takes.
+    virtual QString likePattern(const QString& pattern) const { return pattern; }
     // Like over the texts of `parts` joined one after the other (Null as empty text); one part
     // alone gives Null for Null.
     virtual QString like(const QStringList& parts, const QString& pattern) const = 0;

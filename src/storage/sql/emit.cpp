@@ -73,7 +73,7 @@ QList<Parameter> Emitter::takeParameters()
 {
     QList<Parameter> taken = std::exchange(m_parameters, {});
     if (!m_arguments.isEmpty())
-        fill(&taken, m_arguments);
+        fill(&taken, m_arguments, m_dialect);
     return taken;
 }
 
@@ -118,6 +118,7 @@ QString Emitter::limited(const QString& rows, qint64 top) const
 QString Emitter::parts(const bound::Select& select, bool numbered, bool withAddress)
 {
     QString text;
+    m_unionColumns = select.parts.size() > 1 ? &select.parts.front().outputs : nullptr;
     for (const bound::SelectPart& each : select.parts) {
         if (!text.isEmpty())
             text += each.unionAll ? u" UNION ALL "_s : u" UNION "_s;
@@ -125,6 +126,7 @@ QString Emitter::parts(const bound::Select& select, bool numbered, bool withAddr
         const QString rows = part(each, numbered, withAddress);
         text += each.top && select.parts.size() > 1 ? limited(rows, *each.top) : rows;
     }
+    m_unionColumns = nullptr;
     return text;
 }
 
@@ -146,6 +148,8 @@ QStringList Emitter::outputs(const bound::SelectPart& part, bool numbered)
     QStringList outputs;
     for (size_t i = 0; i < part.outputs.size(); ++i) {
         QString output = value(*part.outputs[i].expression);
+        if (m_unionColumns)
+            output = m_dialect.typed(output, (*m_unionColumns)[i].column.type);
         if (numbered)
             output += u" AS "_s + m_dialect.name(numberedColumn(i));
         outputs.append(std::move(output));
@@ -189,10 +193,8 @@ QString Emitter::term(const bound::FromTerm& term)
     if (const auto* inner = std::get_if<std::unique_ptr<bound::From>>(&term))
         return u'(' + from(**inner) + u')';
     const bound::Source& source = (*m_sources)[static_cast<size_t>(std::get<qsizetype>(term))];
-    const QString table = m_dialect.name(source.table->name());
-    if (source.name == source.table->name())
-        return table;
-    return table + u" AS "_s + m_dialect.name(source.name);
+    return m_dialect.source(*source.table,
+                            source.name == source.table->name() ? QString() : source.name);
 }
 
 QString Emitter::ordered(const QString& text, bool isDay)
@@ -224,7 +226,7 @@ QString Emitter::order(const bound::Select& select, bool numbered, bool bySortin
         }
         if (bySorting && terms.isEmpty())
             text = m_dialect.unindexed(text);
-        terms.append(term.descending ? text + u" DESC"_s : text);
+        terms.append(m_dialect.ordered(text, term.descending));
     }
     return terms.isEmpty() ? QString() : u" ORDER BY "_s + terms.join(u", "_s);
 }

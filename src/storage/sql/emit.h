@@ -97,6 +97,8 @@ private:
     QList<Parameter> m_parameters;
     const Columns* m_sources = nullptr;        // what columns stand for now
     const bound::SelectPart* m_part = nullptr; // whose outputs are being written
+    // Of the union whose parts are being written: the columns of its result.
+    const std::vector<bound::Output>* m_unionColumns = nullptr;
     QString m_rowLabel; // what the row being written is called, and its number
     QString m_row;
     bool m_rowsNeeded = false; // by an output of m_part

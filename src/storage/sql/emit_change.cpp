@@ -56,6 +56,15 @@ QString whereRow(const schema::Table& table, const Value& address,
     return text;
 }
 
+// What gives back the row that was written.
+QString writtenRow(const RowWrite& row, const schema::Table& table, const Dialect& dialect)
+{
+    QStringList columns;
+    for (const QString& column : row.returned)
+        columns.append(dialect.name(column));
+    return dialect.returning(columns << dialect.rowAddress(table, QString()));
+}
+
 } // namespace
 
 QString Emitter::returning(const QStringList& columns) const
@@ -147,8 +156,9 @@ Emitted Emitter::change(const bound::DropTable& drop)
 
 Emitted insertRow(const RowWrite& row, const schema::Table& table, const Dialect& dialect)
 {
+    const QString back = writtenRow(row, table, dialect);
     if (row.values.isEmpty())
-        return {u"INSERT INTO "_s + dialect.name(table.name()) + u" DEFAULT VALUES"_s, {}};
+        return {u"INSERT INTO "_s + dialect.name(table.name()) + u" DEFAULT VALUES"_s + back, {}};
     Parameters parameters(dialect);
     QStringList columns;
     QStringList values;
@@ -157,7 +167,7 @@ Emitted insertRow(const RowWrite& row, const schema::Table& table, const Dialect
         values.append(parameters.add(value));
     }
     return parameters.finish(insertInto(table.name(), columns, dialect) + u"VALUES ("_s
-                             + values.join(u", "_s) + u')');
+                             + values.join(u", "_s) + u')' + back);
 }
 
 Emitted updateRow(const RowWrite& row, const schema::Table& table, const Value& address,
@@ -169,7 +179,7 @@ Emitted updateRow(const RowWrite& row, const schema::Table& table, const Value& 
         assignments.append(assignment(column, parameters.add(value), dialect));
     const QString where = whereRow(table, address, readStamp, &parameters, dialect);
     return parameters.finish(u"UPDATE "_s + dialect.name(table.name()) + u" SET "_s
-                             + assignments.join(u", "_s) + where);
+                             + assignments.join(u", "_s) + where + writtenRow(row, table, dialect));
 }
 
 Emitted deleteRow(const schema::Table& table, const Value& address,

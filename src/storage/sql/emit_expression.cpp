@@ -205,7 +205,7 @@ QString Emitter::node(const bound::Like& node)
         return m_dialect.like(parts, parameter(Slot{argument->place, SlotForm::Pattern, {}}));
     const auto& pattern = std::get<QString>(node.pattern);
     if (!node.prefix)
-        return m_dialect.like(parts, parameter(Value(pattern)));
+        return m_dialect.like(parts, parameter(Value(m_dialect.likePattern(pattern))));
     const QString tested = m_dialect.fold(parts.front());
     const text::LikePrefix& prefix = *node.prefix;
     if (prefix.whole)
@@ -213,7 +213,8 @@ QString Emitter::node(const bound::Like& node)
     const text::FoldRange bounds = prefix.literal.isEmpty() ? text::foldRange(prefix.lo, prefix.hi)
                                                             : text::foldRange(prefix.literal);
     const QString begins = range(tested, bounds);
-    return u'(' + begins + u" AND "_s + m_dialect.like(parts, parameter(Value(pattern))) + u')';
+    return u'(' + begins + u" AND "_s
+        + m_dialect.like(parts, parameter(Value(m_dialect.likePattern(pattern)))) + u')';
 }
 
 // Besides the ranges themselves come one range over them all and, over the sort key, one that holds
@@ -234,7 +235,8 @@ QString Emitter::node(const bound::BeginsWith& node)
     const char32_t last = node.characters.back().last;
     if (ranges.size() > 1)
         text += u" AND "_s + range(tested, CodePointRange{first, last});
-    const auto keys = node.column.isDay ? std::nullopt : text::firstCharRange(first, last);
+    const bool byFold = node.column.isDay || !m_dialect.keysAreBytes();
+    const auto keys = byFold ? std::nullopt : text::firstCharRange(first, last);
     if (keys) {
         const QString key = m_dialect.key(plain);
         text += u" AND "_s + key + u" >= "_s + parameter(keys->lower) + u" AND "_s + key + u" < "_s
@@ -269,10 +271,10 @@ QString Emitter::node(const bound::Aggregate& node)
         return function(node.kind) + u'(' + (node.argument ? value(*node.argument) : u"*"_s) + u')';
     }
     const QString argument = value(*node.argument);
-    const QString direction = node.kind == ast::AggregateKind::Max ? u" DESC "_s : u" ASC "_s;
+    const QString order = m_dialect.ordered(ordered(argument, bound::isDay(*node.argument)),
+                                            node.kind == ast::AggregateKind::Max);
     return u"(SELECT "_s + argument + fromWhere(*m_part, argument + u" IS NOT NULL"_s)
-        + u" ORDER BY "_s + ordered(argument, bound::isDay(*node.argument)) + direction
-        + m_dialect.window(1, 0) + u')';
+        + u" ORDER BY "_s + order + u' ' + m_dialect.window(1, 0) + u')';
 }
 
 } // namespace storage::sql

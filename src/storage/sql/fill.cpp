@@ -1,12 +1,13 @@
 #include "storage/column_value.h"
 #include "storage/sql/compile.h"
+#include "storage/sql/dialect.h"
 #include "text/fold.h"
 #include "text/like.h"
 
 namespace storage::sql {
 namespace {
 
-std::variant<Value, Error> formed(const Value& value, const Slot& slot)
+std::variant<Value, Error> formed(const Value& value, const Slot& slot, const Dialect& dialect)
 {
     switch (slot.form) {
     case SlotForm::Plain:
@@ -17,7 +18,7 @@ std::variant<Value, Error> formed(const Value& value, const Slot& slot)
         const text::LikePattern pattern(value.toText());
         if (!pattern.valid())
             return Error{ErrorKind::Syntax, pattern.error().left(100)};
-        break;
+        return Value(dialect.likePattern(value.toText()));
     }
     case SlotForm::Fitted:
         if (auto fitting = fitColumn(value, slot.column))
@@ -29,13 +30,14 @@ std::variant<Value, Error> formed(const Value& value, const Slot& slot)
 
 } // namespace
 
-std::optional<Error> fill(QList<Parameter>* parameters, const QList<Value>& arguments)
+std::optional<Error> fill(QList<Parameter>* parameters, const QList<Value>& arguments,
+                          const Dialect& dialect)
 {
     for (Parameter& parameter : *parameters) {
         const auto* slot = std::get_if<Slot>(&parameter);
         if (!slot)
             continue;
-        auto value = formed(arguments.value(slot->argument), *slot);
+        auto value = formed(arguments.value(slot->argument), *slot, dialect);
         if (auto* error = std::get_if<Error>(&value))
             return std::move(*error);
         parameter = std::get<Value>(std::move(value));
@@ -43,14 +45,14 @@ std::optional<Error> fill(QList<Parameter>* parameters, const QList<Value>& argu
     return {};
 }
 
-std::optional<Error> fill(Compiled* compiled, const QList<Value>& arguments)
+std::optional<Error> fill(Compiled* compiled, const QList<Value>& arguments, const Dialect& dialect)
 {
     if (arguments.isEmpty())
         return {};
     compiled->arguments = arguments;
-    if (auto error = fill(&compiled->statement.parameters, arguments))
+    if (auto error = fill(&compiled->statement.parameters, arguments, dialect))
         return error;
-    return fill(&compiled->count.parameters, arguments);
+    return fill(&compiled->count.parameters, arguments, dialect);
 }
 
 } // namespace storage::sql

@@ -1,5 +1,6 @@
 #include "storage/engine/sqlite/busy_wait.h"
 #include "storage/engine/sqlite/cursor.h"
+#include "storage/engine/sqlite/engine.h"
 #include "storage/engine/sqlite/error.h"
 #include "storage/engine/sqlite/functions.h"
 #include "storage/engine/sqlite/meta.h"
@@ -15,13 +16,11 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace storage::engine {
+namespace storage::engine::sqlite {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-using sqlite::makeError;
 
 // One file that can be copied at any moment when no copy of the program writes. EXTRA waits for the
 // journal's removal too: a power cut could bring it back, and it would undo what was acknowledged.
@@ -34,7 +33,7 @@ const QStringList Settings = {
 };
 const QString LaterFormat =
     u"新しい版のコルヴァン３で使われているファイルの為、この版では開けません。"_s;
-const QString ReadMeta = u"SELECT name, value FROM "_s + sqlite::meta::Table;
+const QString ReadMeta = u"SELECT name, value FROM "_s + meta::Table;
 
 // A file may come from anywhere: its schema gets no powers beyond tables, indexes and our
 // functions.
@@ -66,14 +65,14 @@ std::optional<Error> writeRefusal(sqlite3* handle, const QFileInfo& file)
     return makeError(ErrorKind::ReadOnly);
 }
 
-sqlite::Handle openHandle(const QFileInfo& file, const QString& password, Error* error)
+Handle openHandle(const QFileInfo& file, const QString& password, Error* error)
 {
     sqlite3* raw = nullptr;
     const int code = sqlite3_open_v2(file.absoluteFilePath().toUtf8().constData(), &raw,
                                      SQLITE_OPEN_READWRITE | SQLITE_OPEN_EXRESCODE, nullptr);
-    sqlite::Handle handle(raw);
+    Handle handle(raw);
     if (code != SQLITE_OK) {
-        *error = raw ? sqlite::lastError(raw) : makeError(ErrorKind::Other);
+        *error = raw ? lastError(raw) : makeError(ErrorKind::Other);
         if (error->kind == ErrorKind::Moved) // gone between two looks at it
             *error = makeError(ErrorKind::Missing);
         return {};
@@ -82,9 +81,9 @@ sqlite::Handle openHandle(const QFileInfo& file, const QString& password, Error*
         *error = *refusal;
         return {};
     }
-    sqlite::waitForLocks(raw);
-    if (!restrict(raw) || !sqlite::registerFunctions(raw) || !setKey(raw, password)) {
-        *error = sqlite::lastError(raw);
+    waitForLocks(raw);
+    if (!restrict(raw) || !registerFunctions(raw) || !setKey(raw, password)) {
+        *error = lastError(raw);
         return {};
     }
     return handle;
@@ -99,12 +98,12 @@ struct Found {
 bool runAll(sqlite3* handle, const QStringList& statements)
 {
     for (const QString& statement : statements) {
-        const auto prepared = sqlite::prepare(handle, {statement, {}});
+        const auto prepared = prepare(handle, {statement, {}});
         if (!prepared)
             return false;
-        int code = sqlite::step(prepared.get());
+        int code = step(prepared.get());
         while (code == SQLITE_ROW)
-            code = sqlite::step(prepared.get());
+            code = step(prepared.get());
         if (code != SQLITE_DONE)
             return false;
     }
@@ -113,8 +112,8 @@ bool runAll(sqlite3* handle, const QStringList& statements)
 
 std::optional<qint64> readNumber(sqlite3* handle, const QString& statement)
 {
-    const auto prepared = sqlite::prepare(handle, {statement, {}});
-    if (!prepared || sqlite::step(prepared.get()) != SQLITE_ROW)
+    const auto prepared = prepare(handle, {statement, {}});
+    if (!prepared || step(prepared.get()) != SQLITE_ROW)
         return {};
     return sqlite3_column_int64(prepared.get(), 0);
 }
@@ -131,18 +130,18 @@ bool isWhole(sqlite3* handle, const QFileInfo& file)
 // Nothing when this is no data file.
 std::optional<Found> readMeta(sqlite3* handle)
 {
-    sqlite::Statement rows = sqlite::prepare(handle, {ReadMeta, {}});
+    Statement rows = prepare(handle, {ReadMeta, {}});
     if (!rows)
         return {};
-    sqlite::SqliteCursor cursor(handle, std::move(rows));
+    SqliteCursor cursor(handle, std::move(rows));
     Found found;
     Cursor::Step step = cursor.step();
     for (; step == Cursor::Step::Row; step = cursor.step()) {
         const QString name = cursor.value(0, schema::ColumnType::Text).toText();
         const QString value = cursor.value(1, schema::ColumnType::Text).toText();
-        if (name == sqlite::meta::Format)
+        if (name == meta::Format)
             found.format = value;
-        else if (name == sqlite::meta::TextVersion)
+        else if (name == meta::TextVersion)
             found.textVersion = value;
     }
     if (step == Cursor::Step::Failed || found.format.isEmpty())
@@ -165,7 +164,7 @@ std::optional<Found> inspect(sqlite3* handle, const QFileInfo& file)
 // Whatever stands against reading is the one message, but what has nothing to do with its content.
 Error openingError(sqlite3* handle)
 {
-    Error error = sqlite::lastError(handle);
+    Error error = lastError(handle);
     switch (error.kind) {
     case ErrorKind::Busy:
     case ErrorKind::Moved:
@@ -195,9 +194,10 @@ Error creationError(int number)
 
 } // namespace
 
-std::unique_ptr<Session> openEmbedded(const QString& path, const QString& password, Error* error)
+std::unique_ptr<Session> SqliteEngine::open(const QString& name, const QString& password,
+                                            Error* error)
 {
-    const QFileInfo file(path);
+    const QFileInfo file(name);
     if (!file.exists()) {
         *error = makeError(ErrorKind::Missing);
         return {};
@@ -206,7 +206,7 @@ std::unique_ptr<Session> openEmbedded(const QString& path, const QString& passwo
         *error = makeError(ErrorKind::Unreadable);
         return {};
     }
-    sqlite::Handle handle = openHandle(file, password, error);
+    Handle handle = openHandle(file, password, error);
     if (!handle)
         return {};
     const std::optional<Found> found = inspect(handle.get(), file);
@@ -214,37 +214,37 @@ std::unique_ptr<Session> openEmbedded(const QString& path, const QString& passwo
         *error = openingError(handle.get());
         return {};
     }
-    const bool isFormer = found->format == sqlite::meta::FormerFormat;
-    if (!isFormer && found->format != sqlite::meta::CurrentFormat) {
+    const bool isFormer = found->format == meta::FormerFormat;
+    if (!isFormer && found->format != meta::CurrentFormat) {
         *error = {ErrorKind::Unreadable, LaterFormat};
         return {};
     }
-    return std::make_unique<sqlite::SqliteSession>(
-        std::move(handle),
-        sqlite::FileState{isFormer, found->textVersion != sqlite::meta::ownTextVersion()});
+    return std::make_unique<SqliteSession>(
+        std::move(handle), FileState{isFormer, found->textVersion != meta::ownTextVersion()});
 }
 
-std::unique_ptr<Session> createEmbedded(const QString& path, const QString& password, Error* error)
+std::unique_ptr<Session> SqliteEngine::create(const QString& name, const QString& password,
+                                              Error* error)
 {
-    if (QFile::exists(path + u"-journal"_s)) {
+    if (QFile::exists(journalOf(name))) {
         *error = makeError(ErrorKind::Exists);
         return {};
     }
     const int descriptor =
-        ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        ::open(QFile::encodeName(name).constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     if (descriptor < 0) {
         *error = creationError(errno);
         return {};
     }
     ::close(descriptor);
-    sqlite::Handle handle = openHandle(QFileInfo(path), password, error);
+    Handle handle = openHandle(QFileInfo(name), password, error);
     if (handle && runAll(handle.get(), Settings))
-        return std::make_unique<sqlite::SqliteSession>(std::move(handle), sqlite::FileState());
+        return std::make_unique<SqliteSession>(std::move(handle), FileState());
     if (handle)
-        *error = sqlite::lastError(handle.get());
+        *error = lastError(handle.get());
     handle.reset();
-    QFile::remove(path);
+    QFile::remove(name);
     return {};
 }
 
-} // namespace storage::engine
+} // namespace storage::engine::sqlite

@@ -95,11 +95,6 @@ std::optional<Error> SqliteSession::run(const sql::Emitted& statement, qint64* a
     return {};
 }
 
-qint64 SqliteSession::lastRowAddress() const
-{
-    return sqlite3_last_insert_rowid(m_handle.get());
-}
-
 // The engine rolls a whole transaction back by itself when the disk is full or fails. Statements
 // that were meant to stand inside it must not run by themselves then.
 bool SqliteSession::wasUndone() const

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "storage/engine/engine.h"
+#include "storage/engine/session.h"
 #include "storage/engine/sqlite/dialect.h"
 #include "storage/engine/sqlite/statement_cache.h"
 #include "storage/engine/sqlite/upkeep.h"
@@ -20,7 +20,7 @@ struct HandleCloser {
 };
 using Handle = std::unique_ptr<sqlite3, HandleCloser>;
 
-// One open file. Made by openEmbedded() and createEmbedded() (opening.cpp).
+// One open file. Made in opening.cpp.
 class SqliteSession final : public Session {
 public:
     SqliteSession(Handle handle, const FileState& state);
@@ -29,7 +29,6 @@ public:
     std::unique_ptr<Cursor> prepare(const sql::Emitted& statement, Error* error) override;
     Way wayOf(const sql::Emitted& statement) override;
     std::optional<Error> run(const sql::Emitted& statement, qint64* affected) override;
-    qint64 lastRowAddress() const override;
 
     std::optional<Error> begin(int depth) override;
     std::optional<Error> commit(int depth) override;

@@ -293,9 +293,4 @@ std::optional<Error> SqliteUpkeep::renewTextIndexes(bool onlyCopy)
     return error;
 }
 
-std::optional<Error> SqliteUpkeep::compactInto(const QString& path)
-{
-    return m_session.run({u"VACUUM INTO ?"_s, {Value(path)}}, nullptr);
-}
-
 } // namespace storage::engine::sqlite

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "storage/engine/engine.h"
+#include "storage/engine/session.h"
 
 namespace storage::engine::sqlite {
 
@@ -26,7 +26,6 @@ public:
     std::optional<Error> convert(const schema::Definition& definition) override;
     bool hasForeignTextIndexes() const override { return m_state.foreignTextIndexes; }
     std::optional<Error> renewTextIndexes(bool onlyCopy) override;
-    std::optional<Error> compactInto(const QString& path) override;
 
 private:
     // Runs the steps in a transaction of their own; the first failure undoes them all.

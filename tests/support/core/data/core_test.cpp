@@ -17,8 +17,8 @@ namespace {
 void createFile(const QString& path, const schema::Definition& definition)
 {
     storage::Error error;
-    const auto session =
-        storage::engine::createEmbedded(path, QString::fromUtf16(core::DatabasePassword), &error);
+    const auto session = storage::engine::embedded().create(
+        path, QString::fromUtf16(core::DatabasePassword), &error);
     ASSERT_TRUE(session) << error.message.toStdString();
     ASSERT_FALSE(session->upkeep().create(definition));
 }

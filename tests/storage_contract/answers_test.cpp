@@ -1,7 +1,5 @@
-#include "storage/engine/engine.h"
-#include "storage/scratch_file.h"
-#include "storage/sql/compile.h"
 #include "storage/transaction.h"
+#include "storage_contract/scratch_file.h"
 #include "text/like.h"
 
 #include <QRandomGenerator>
@@ -172,24 +170,6 @@ TEST_F(Answers, BetweenTakesItsBoundsInEitherOrder)
         };
         EXPECT_EQ(names(with(u"Between"_s)), each.expected) << each.between.toStdString();
         EXPECT_EQ(names(with(u"Not Between"_s)), each.others) << each.between.toStdString();
-    }
-}
-
-TEST_F(Answers, BetweenReadsAnIndexInEitherOrder)
-{
-    for (const QString& condition :
-         {u"数量 Between 9 And 2"_s, u"名称 Between 'ｻ' And 'か'"_s, u"数量 Between ? And ?"_s}) {
-        sql::Compiled compiled;
-        const QList<Value> values = condition.contains(u'?') ? QList<Value>{9, 2} : QList<Value>();
-        ASSERT_TRUE(
-            connection.compile(u"SELECT * FROM 品目 WHERE "_s + condition, values, &compiled));
-        sql::Emitted plan = compiled.statement;
-        plan.text.prepend(u"EXPLAIN QUERY PLAN "_s);
-        Error error;
-        const auto cursor = connection.session()->prepare(plan, &error);
-        ASSERT_TRUE(cursor && cursor->step() == engine::Cursor::Step::Row);
-        const QString said = cursor->value(3, schema::ColumnType::Text).toText();
-        EXPECT_TRUE(said.startsWith(u"SEARCH 品目 USING INDEX _品目_")) << said.toStdString();
     }
 }
 

@@ -1,4 +1,4 @@
-#include "storage/scratch_file.h"
+#include "storage_contract/scratch_file.h"
 
 #include "storage/engine/engine.h"
 
@@ -177,7 +177,7 @@ TEST_F(RecordsetTest, AShortResultLeftOpenLetsOthersWrite)
     fill(64);
     Recordset standing;
     ASSERT_TRUE(standing.open(u"SELECT * FROM 品目 WHERE 数量 <= 63"_s, connection));
-    OtherCopy other(path());
+    OtherCopy other(data());
     EXPECT_TRUE(other.connection.execute(u"DELETE FROM 品目"_s));
     EXPECT_EQ(rest(standing).size(), 63);
 
@@ -221,7 +221,7 @@ TEST_F(RecordsetTest, ClosingTheConnectionClosesWhatReadsFromIt)
     EXPECT_FALSE(rows.isOpen());
     EXPECT_FALSE(rows.moveNext());
     EXPECT_EQ(rows.recordCount(), -1);
-    EXPECT_TRUE(connection.open(path(), Password, Mode::ShareExclusive));
+    EXPECT_TRUE(connection.open(data(), Password, Mode::ShareExclusive));
 }
 
 } // namespace

@@ -1,8 +1,7 @@
-#include "storage/scratch_file.h"
+#include "storage_contract/scratch_file.h"
 
 #include "storage/transaction.h"
 
-#include <QFile>
 #include <QRandomGenerator>
 
 using namespace Qt::StringLiterals;
@@ -132,7 +131,7 @@ TEST_F(FoundRows, StayWhatTheyWereUntilTheListIsOpenedAgain)
         list.open(u"SELECT 番号 FROM 品目 WHERE 名称 Like '%8%' ORDER BY 番号"_s, connection));
     const qint64 count = list.recordCount();
     const QStringList before = window(list, 1, 50);
-    OtherCopy other(path());
+    OtherCopy other(data());
     execute(other.connection, u"DELETE FROM 品目 WHERE 番号 = "_s + before.at(3));
     execute(other.connection, u"UPDATE 品目 SET 名称 = '別' WHERE 番号 = "_s + before.at(5));
     list.setAbsolutePage(2);
@@ -154,7 +153,7 @@ TEST_F(FoundRows, AReaderKeepsNobodyFromWriting)
         u"SELECT 番号 FROM 品目 WHERE ﾒｰｶｰ = '甲'"_s,
         u"SELECT DISTINCT 番号, ﾒｰｶｰ FROM 品目"_s,
     };
-    OtherCopy other(path());
+    OtherCopy other(data());
     shortenWaiting(other.connection);
     for (const QString& statement : statements) {
         SCOPED_TRACE(statement.toStdString());
@@ -173,46 +172,6 @@ TEST_F(FoundRows, AReaderKeepsNobodyFromWriting)
         EXPECT_EQ(seen.size(), before.size());
         EXPECT_EQ(QSet<QString>(seen.begin(), seen.end()).size(), seen.size());
     }
-}
-
-// A page of the file that holds rows and no index is written over.
-TEST_F(FoundRows, RowsThatCanBeReadStayBesideThoseThatCannot)
-{
-    connection.close();
-    QFile file(path());
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    constexpr qint64 Page = 4096;
-    const qint64 pages = file.size() / Page;
-    qint64 damaged = 0;
-    for (qint64 page = pages / 2; page > 2 && damaged == 0; --page) {
-        ASSERT_TRUE(file.seek(page * Page));
-        const QByteArray sound = file.read(Page);
-        ASSERT_TRUE(file.seek(page * Page));
-        ASSERT_EQ(file.write(QByteArray(Page, 'x')), Page);
-        ASSERT_TRUE(file.flush());
-        Connection reading;
-        ASSERT_TRUE(reading.open(path(), Password));
-        Recordset list;
-        list.setPageSize(Rows);
-        // Found by the index over the names; damaged there, nothing can be found at all.
-        if (list.open(u"SELECT 番号, 名称, ﾒｰｶｰ FROM 品目 ORDER BY 名称 DESC, 番号"_s, reading)) {
-            qint64 read = 0;
-            for (qint64 position = 1; position <= Rows; ++position) {
-                if (list.setAbsolutePosition(position))
-                    ++read;
-                else if (list.isUnreadable())
-                    ++damaged;
-            }
-            EXPECT_EQ(read + damaged, Rows);
-            EXPECT_EQ(reading.errors().size(), damaged > 0 ? 1 : 0);
-        }
-        reading.clearErrors();
-        ASSERT_TRUE(file.seek(page * Page));
-        ASSERT_EQ(file.write(sound), Page);
-        ASSERT_TRUE(file.flush());
-    }
-    EXPECT_GT(damaged, 0);
-    EXPECT_LT(damaged, Rows / 10);
 }
 
 } // namespace

@@ -1,6 +1,5 @@
-#include "storage/data_files/file_lock.h"
 #include "storage/engine/engine.h"
-#include "storage/scratch_file.h"
+#include "storage_contract/scratch_file.h"
 
 #include <sqlite3.h>
 
@@ -89,7 +88,7 @@ TEST_F(TextIndexes, AreLeftOutWhileAnotherVersionHasTheFileOpen)
     {
         Error error;
         const auto anotherVersion =
-            data_files::FileLock::acquire(path(), data_files::LockKind::Shared, &error);
+            engine::embedded().lock(path(), engine::LockKind::Shared, &error);
         ASSERT_TRUE(connection.open(path(), Password));
         EXPECT_TRUE(connection.session()->upkeep().hasForeignTextIndexes());
         EXPECT_EQ(indexNames(), QStringList{u"_品目_数量"_s});

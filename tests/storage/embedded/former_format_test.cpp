@@ -1,5 +1,5 @@
 #include "storage/engine/engine.h"
-#include "storage/scratch_file.h"
+#include "storage_contract/scratch_file.h"
 #include "support/child_process.h"
 #include "support/storage/former_format.h"
 

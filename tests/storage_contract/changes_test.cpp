@@ -1,4 +1,4 @@
-#include "storage/scratch_file.h"
+#include "storage_contract/scratch_file.h"
 
 #include "storage/transaction.h"
 
@@ -55,7 +55,7 @@ TEST_F(Changes, NumbersNeverComeBack)
     execute(u"DELETE FROM 品目"_s);
     fill(1);
     connection.close();
-    ASSERT_TRUE(connection.open(path(), Password));
+    ASSERT_TRUE(connection.open(data(), Password));
     fill(1);
     EXPECT_EQ(rows(u"SELECT 番号 FROM 品目 ORDER BY 番号"_s), (QStringList{u"4"_s, u"5"_s}));
 }
@@ -147,7 +147,7 @@ TEST_F(Changes, ARowChangedOrDeletedByAnotherCopyIsGone)
 {
     execute(u"INSERT INTO 品目 (名称, 更新日時) VALUES ('元', #2004/02/29 00:00:00#)"_s);
     execute(u"INSERT INTO 品目 (名称) VALUES ('印なし')"_s);
-    OtherCopy other(path());
+    OtherCopy other(data());
     Recordset row;
     openForChange(row, u"SELECT * FROM 品目 WHERE 番号 = 1"_s);
     execute(other.connection, u"UPDATE 品目 SET 更新日時 = #2004/02/29 00:00:01# WHERE 番号 = 1"_s);

@@ -1,5 +1,5 @@
 #include "storage/quoted.h"
-#include "storage/scratch_file.h"
+#include "storage_contract/scratch_file.h"
 
 using namespace Qt::StringLiterals;
 using namespace storage;

@@ -8,6 +8,9 @@
 
 #include <gtest/gtest.h>
 
+// Whose contract is tested: each program of tests defines it for its engine.
+storage::engine::Engine& engineUnderTest();
+
 // A data file of its own for each test, with one table of every column type and one that has
 // neither a key nor a time stamp. At its end nothing may have failed but what the test took.
 class ScratchFile : public testing::Test {
@@ -22,6 +25,11 @@ protected:
     QString path(const QString& name = QStringLiteral("在庫.mdb")) const
     {
         return m_folder.filePath(name);
+    }
+    // The same for the engine under test.
+    storage::Location data(const QString& name = QStringLiteral("在庫.mdb")) const
+    {
+        return {engineUnderTest(), path(name)};
     }
 
     // The kinds of what has failed so far; forgets them.
@@ -44,9 +52,9 @@ private:
 // Another copy of the program on the same file, in this process.
 class OtherCopy {
 public:
-    explicit OtherCopy(const QString& path, storage::Mode mode = storage::Mode::ReadWrite)
+    explicit OtherCopy(const storage::Location& data, storage::Mode mode = storage::Mode::ReadWrite)
     {
-        EXPECT_TRUE(connection.open(path, ScratchFile::Password, mode))
+        EXPECT_TRUE(connection.open(data, ScratchFile::Password, mode))
             << connection.lastError().message.toStdString();
     }
 

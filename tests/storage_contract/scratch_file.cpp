@@ -1,4 +1,4 @@
-#include "storage/scratch_file.h"
+#include "storage_contract/scratch_file.h"
 
 #include "storage/transaction.h"
 
@@ -29,9 +29,9 @@ schema::Definition ScratchFile::definition()
 void ScratchFile::SetUp()
 {
     ASSERT_TRUE(m_folder.isValid());
-    ASSERT_TRUE(connection.create(path(), Password, definition()));
+    ASSERT_TRUE(connection.create(data(), Password, definition()));
     connection.close();
-    ASSERT_TRUE(connection.open(path(), Password));
+    ASSERT_TRUE(connection.open(data(), Password));
 }
 
 void ScratchFile::TearDown()

@@ -1,5 +1,6 @@
 #include "storage/engine/engine.h"
-#include "storage/scratch_file.h"
+#include "storage_contract/scratch_file.h"
+#include "support/storage/former_format.h"
 
 using namespace Qt::StringLiterals;
 using namespace storage;
@@ -93,6 +94,15 @@ TEST_F(DialectTest, NamesAreQuotedWhateverTheyHold)
                              + dialect().name(name) + u") AS x"_s,
                          {Value(7)}),
                   Value(7));
+    }
+}
+
+TEST_F(DialectTest, BetweenReadsAnIndexInEitherOrder)
+{
+    const QString select = u"SELECT * FROM 品目 WHERE "_s;
+    for (const QString& condition : {u"数量 Between 9 And 2"_s, u"名称 Between 'ｻ' And 'か'"_s}) {
+        const QString first = planOf(connection, select + condition).value(0);
+        EXPECT_TRUE(first.startsWith(u"SEARCH 品目 USING INDEX _品目_")) << first.toStdString();
     }
 }
 

@@ -1,4 +1,4 @@
-#include "storage/data_files/file_lock.h"
+#include "storage/engine/sqlite/file_lock.h"
 
 #include "storage/system_error.h"
 
@@ -9,9 +9,8 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
-#include <utility>
 
-namespace storage::data_files {
+namespace storage::engine::sqlite {
 
 using namespace Qt::StringLiterals;
 
@@ -59,7 +58,7 @@ int tryLock(int descriptor, int operation)
 
 } // namespace
 
-std::optional<FileLock> FileLock::acquire(const QString& dataFile, LockKind kind, Error* error)
+std::unique_ptr<Lock> FileLock::acquire(const QString& dataFile, LockKind kind, Error* error)
 {
     const QString path = lockPath(dataFile);
     if (path.isEmpty()) {
@@ -67,18 +66,19 @@ std::optional<FileLock> FileLock::acquire(const QString& dataFile, LockKind kind
         return {};
     }
     const QByteArray name = QFile::encodeName(path);
-    FileLock lock(::open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0666));
+    int descriptor = ::open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
     const int refusal = errno;
     // Made by another user who may write it alone: reading is enough for a lock.
-    if (lock.m_descriptor < 0 && refusal == EACCES)
-        lock.m_descriptor = ::open(name.constData(), O_RDONLY | O_CLOEXEC);
-    if (lock.m_descriptor < 0) {
+    if (descriptor < 0 && refusal == EACCES)
+        descriptor = ::open(name.constData(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0) {
         *error = cannotMake(refusal);
         return {};
     }
-    const int refused = tryLock(lock.m_descriptor, kind == LockKind::Exclusive ? LOCK_EX : LOCK_SH);
-    lock.m_held = refused == 0;
-    if (lock.m_held)
+    auto lock = std::make_unique<FileLock>(descriptor);
+    const int refused = tryLock(descriptor, kind == LockKind::Exclusive ? LOCK_EX : LOCK_SH);
+    lock->m_held = refused == 0;
+    if (lock->m_held)
         return lock;
     *error = refused == EWOULDBLOCK ? inUse(kind) : cannotMake(refused);
     return {};
@@ -98,23 +98,9 @@ bool FileLock::lower()
     return m_held;
 }
 
-FileLock::FileLock(FileLock&& other) noexcept
-    : m_descriptor(std::exchange(other.m_descriptor, -1)),
-      m_held(std::exchange(other.m_held, false))
-{
-}
-
-FileLock& FileLock::operator=(FileLock&& other) noexcept
-{
-    std::swap(m_descriptor, other.m_descriptor);
-    std::swap(m_held, other.m_held);
-    return *this;
-}
-
 FileLock::~FileLock()
 {
-    if (m_descriptor >= 0)
-        ::close(m_descriptor);
+    ::close(m_descriptor);
 }
 
-} // namespace storage::data_files
+} // namespace storage::engine::sqlite

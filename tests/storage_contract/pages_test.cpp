@@ -1,4 +1,4 @@
-#include "storage/scratch_file.h"
+#include "storage_contract/scratch_file.h"
 
 using namespace Qt::StringLiterals;
 using namespace storage;

@@ -1,4 +1,4 @@
-#include "storage/scratch_file.h"
+#include "storage_contract/scratch_file.h"
 
 #include "storage/transaction.h"
 #include "storage/waiting.h"

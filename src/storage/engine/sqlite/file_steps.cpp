@@ -1,4 +1,4 @@
-#include "storage/data_files/file_steps.h"
+#include "storage/engine/sqlite/file_steps.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -9,7 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace storage::data_files {
+namespace storage::engine::sqlite {
 
 using namespace Qt::StringLiterals;
 
@@ -171,4 +171,4 @@ std::optional<Error> syncFile(const QString& path)
     return syncFolderOf(path);
 }
 
-} // namespace storage::data_files
+} // namespace storage::engine::sqlite

@@ -9,7 +9,7 @@
 
 // Single steps on whole files. Each gives the reason when it fails, nullopt when it succeeded, and
 // has reached the disk when it returns.
-namespace storage::data_files {
+namespace storage::engine::sqlite {
 
 // Missing when it is not there.
 std::optional<Error> readFile(const QString& path, QByteArray* bytes);
@@ -25,4 +25,4 @@ std::optional<Error> removeFile(const QString& path);
 // Waits until an already written file is on the disk.
 std::optional<Error> syncFile(const QString& path);
 
-} // namespace storage::data_files
+} // namespace storage::engine::sqlite

@@ -1,4 +1,4 @@
-#include "storage/scratch_file.h"
+#include "storage_contract/scratch_file.h"
 
 #include "storage/transaction.h"
 
@@ -28,7 +28,7 @@ protected:
         ASSERT_TRUE(connection.open(file(), Password));
     }
 
-    QString file() const { return path(u"日誌.mdb"_s); }
+    Location file() const { return data(u"日誌.mdb"_s); }
     QStringList listed() { return connection.distinctTexts(u"日誌"_s, u"記録者"_s); }
 
     bool write(const QString& source, const QString& name)

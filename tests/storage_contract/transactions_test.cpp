@@ -1,4 +1,4 @@
-#include "storage/scratch_file.h"
+#include "storage_contract/scratch_file.h"
 
 #include "storage/schema/catalog.h"
 #include "storage/transaction.h"
@@ -85,7 +85,7 @@ TEST_F(Transactions, RollBackWhenTheConnectionCloses)
     connection.close();
     EXPECT_FALSE(transaction.commit());
     EXPECT_EQ(takeErrors(), QList{ErrorKind::State});
-    ASSERT_TRUE(connection.open(path(), Password));
+    ASSERT_TRUE(connection.open(data(), Password));
     EXPECT_TRUE(rows(AllNames).isEmpty());
 }
 
@@ -127,7 +127,7 @@ TEST_F(Transactions, AFullDiskChangesNothing)
 
 TEST_F(Transactions, AnotherCopysLockIsWaitedForAndThenBusy)
 {
-    OtherCopy other(path());
+    OtherCopy other(data());
     shortenWaiting(other.connection);
     Transaction transaction(connection);
     add(u"甲"_s);
@@ -163,7 +163,7 @@ TEST_F(Transactions, TablesAreKnownAsTheyAreNow)
     EXPECT_EQ(columns(), 2);
 
     // Another copy upgrades the file; the new column is found when it is asked for.
-    OtherCopy other(path());
+    OtherCopy other(data());
     execute(other.connection, u"ALTER TABLE 控え ADD COLUMN 日時 date"_s);
     execute(u"UPDATE 控え SET 日時 = #2004/02/29#"_s);
     EXPECT_EQ(rows(u"SELECT 日時 FROM 控え"_s), QStringList{u"2004/02/29 00:00:00.000"_s});

@@ -1,7 +1,7 @@
 #include "storage/data_files/data_files.h"
 
 #include "storage/engine/engine.h"
-#include "storage/scratch_file.h"
+#include "storage_contract/scratch_file.h"
 #include "support/child_process.h"
 
 #include <QFile>

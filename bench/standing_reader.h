@@ -1,0 +1,14 @@
+#pragma once
+
+#include "figures.h"
+
+#include <QString>
+
+namespace bench {
+
+// Measures how long the saves of another process take at most while a recordset stands open over
+// all log entries for 13 seconds, against the longest without it. Ends the run when a save is
+// refused, or when the reader does not see each row that was there before exactly once.
+void measureStandingReader(Figures& figures, const QString& path, const QString& password);
+
+} // namespace bench
