@@ -360,7 +360,7 @@ std::optional<qint64> RowReader::find(qsizetype source, qint64 key)
 {
     if (!finder())
         return std::nullopt;
-    const std::optional<qint64> found = m_finder->findRow(source, key);
+    const std::optional<qint64> found = m_finder->findRow(source, key, m_window);
     if (!found)
         fail(m_finder->error());
     return found;

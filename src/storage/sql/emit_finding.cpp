@@ -171,6 +171,10 @@ void Emitter::emitWays(const bound::Select& select, Finding* result)
     const bound::SelectPart& part = select.parts.front();
     const QString found = addresses(part);
     result->inOrder = finished(found + fromWhere(part) + order(select, false));
+    m_byKey = fixedColumn(select);
+    if (m_byKey)
+        result->inOrderByKey = finished(found + fromWhere(part) + order(select, false));
+    m_byKey = nullptr;
     result->onTheWay = finished(found + u" FROM "_s + from(*part.from) + unindexedWhere(part)
                                 + order(select, false));
     result->asTheyLie = finished(found + fromWhere(part));

@@ -25,6 +25,9 @@ struct Finding {
 
     // The addresses of the rows in order; empty when they cannot be had so (a union, DISTINCT).
     Emitted inOrder;
+    // The same where the condition fixes a text that the order begins with: that text is asked for
+    // by its key, whose index may go on with the rest of the order. Empty when there is none.
+    Emitted inOrderByKey;
     Emitted onTheWay;     // the same, but no index is read for the condition
     Emitted rowsOnTheWay; // the rows themselves, found so
     Emitted asTheyLie;    // the addresses without order
