@@ -111,12 +111,31 @@ const sql::Emitted* RowFinder::wayInOrder()
     return m_inOrder;
 }
 
+// Whether an index leads to the rows of the condition.
+bool RowFinder::isLedTo()
+{
+    return m_finding.filter && m_finding.filter->indexable
+        && m_session.wayOf(m_finding.filter->rows) == Way::WalksSome;
+}
+
+// Whether the condition's own index gives more than so many rows, or cannot tell soon.
+bool RowFinder::goesBeyond(qint64 rows)
+{
+    sql::Emitted next = m_finding.filter->rows;
+    next.text += u' ' + m_session.dialect().window(1, rows);
+    bool found = false;
+    const Outcome outcome = walk(next, 1, 2 * rows, [&found](std::span<const qint64>) {
+        found = true;
+        return false;
+    });
+    return found || outcome != Outcome::Done;
+}
+
 // How many rows the condition's own index gives, or one more than that many. Nothing when no index
 // finds them.
 std::optional<qint64> RowFinder::countFiltered(qint64 atMost)
 {
-    if (!m_finding.filter || !m_finding.filter->indexable
-        || m_session.wayOf(m_finding.filter->rows) != Way::WalksSome)
+    if (!isLedTo())
         return std::nullopt;
     sql::Emitted rows = m_finding.filter->rows;
     rows.text = u"SELECT count(*) FROM ("_s + rows.text + u' '
@@ -136,7 +155,7 @@ bool RowFinder::isFew()
         // Where an index orders only groups, a whole group is looked at before its first row comes.
         const qint64 few =
             m_way == Way::WalksGroups ? std::max(Few, tableRows() / GroupsPart) : Few;
-        m_isFew = countFiltered(few).value_or(few + 1) <= few;
+        m_isFew = isLedTo() && !goesBeyond(few);
     }
     return *m_isFew;
 }
@@ -192,13 +211,13 @@ bool RowFinder::findAll()
         return true;
     m_rows.start(0);
     const bool hasOwnOrder = !m_finding.inOrder.text.isEmpty();
-    const bool isLedTo = wayInOrder() && m_way == Way::WalksSome;
-    const sql::Emitted& own = isLedTo ? *m_inOrder
-        : hasOwnOrder                 ? m_finding.inOrder
-                                      : m_finding.asTheyLie;
+    const bool comesInOrder = wayInOrder() && m_way == Way::WalksSome;
+    const sql::Emitted& own = comesInOrder ? *m_inOrder
+        : hasOwnOrder                      ? m_finding.inOrder
+                                           : m_finding.asTheyLie;
     // One statement does it where its rows come in order, or where there is nothing else to walk.
     if (!m_finding.filtered || !m_finding.ordered
-        || (hasOwnOrder && (isLedTo || m_session.wayOf(m_finding.unfiltered) == Way::Sorts))) {
+        || (hasOwnOrder && (comesInOrder || m_session.wayOf(m_finding.unfiltered) == Way::Sorts))) {
         const Taker keep = [this](std::span<const qint64> row) {
             m_rows.add(row);
             return true;
@@ -267,7 +286,8 @@ std::optional<qint64> RowFinder::findRow(qsizetype source, qint64 address, qint6
         return known;
     if (!find(0, 1))
         return std::nullopt;
-    if (!m_complete && wayInOrder()) {
+    // The rows that an index leads to are all found as soon as the way to one of them.
+    if (!m_complete && wayInOrder() && !(filtersOnTheWay() && isLedTo())) {
         m_rows.start(0);
         qint64 position = -1;
         const Outcome outcome =

@@ -55,6 +55,8 @@ private:
 
     Outcome walk(const sql::Emitted& statement, qsizetype width, qint64 workLimit,
                  const Taker& take);
+    bool isLedTo();
+    bool goesBeyond(qint64 rows);
     std::optional<qint64> countFiltered(qint64 atMost);
     bool isFew();
     bool isFarOnTheWay(qint64 position, qint64 count);

@@ -40,7 +40,7 @@ const sql::Finding* RowReader::finding()
 {
     if (!std::exchange(m_findingMade, true))
         m_finding = sql::finding(m_compiled, m_connection.session()->dialect());
-    return m_finding ? &*m_finding : nullptr;
+    return m_finding.get();
 }
 
 RowFinder* RowReader::finder()

@@ -98,6 +98,7 @@ TEST_F(FoundRows, TellWhereARowStands)
         list + u"WHERE 数量 > 2500 ORDER BY 名称, 番号"_s,
         list + u"WHERE 数量 > 8900 ORDER BY 名称, 番号"_s,
         list + u"WHERE 名称 Like '%8%'"_s,
+        list + u"WHERE ﾒｰｶｰ = '丙' ORDER BY ﾒｰｶｰ, 数量"_s,
         u"SELECT 品目.番号, 控え.内容 FROM 品目 INNER JOIN 控え ON 控え.数 = 品目.数量 ORDER BY 品目.名称, 品目.番号"_s,
         list + u"WHERE 数量 < 40 UNION "_s + list + u"WHERE 数量 > 8000 ORDER BY 名称"_s,
     };
@@ -115,6 +116,9 @@ TEST_F(FoundRows, TellWhereARowStands)
             EXPECT_EQ(found.positionOf(u"番号", key), place);
             EXPECT_TRUE(found.setAbsolutePosition(place));
             EXPECT_EQ(found.value(0), key);
+            const qint64 page = (place - 1) / 100;
+            ASSERT_TRUE(found.setAbsolutePage(page + 1));
+            EXPECT_EQ(window(found, page * 100 + 1, 100), all.mid(page * 100, 100));
             EXPECT_EQ(found.positionOf(u"番号", Value(987654)), 0);
         }
     }

@@ -224,7 +224,10 @@ Finding Emitter::finding(const bound::Select& select, const bound::Select* owned
     return result;
 }
 
-std::optional<Finding> finding(const Compiled& rows, const Dialect& dialect)
+namespace {
+
+// Nothing when the rows have no addresses.
+std::optional<Finding> made(const Compiled& rows, const Dialect& dialect)
 {
     if (!rows.select)
         return std::nullopt;
@@ -238,6 +241,20 @@ std::optional<Finding> finding(const Compiled& rows, const Dialect& dialect)
     const std::optional<bound::Select> own = ownRows(select);
     return own ? std::optional(Emitter(dialect, rows.arguments).finding(*own, &select))
                : std::nullopt;
+}
+
+} // namespace
+
+std::shared_ptr<const Finding> finding(const Compiled& rows, const Dialect& dialect)
+{
+    const auto shared = [](std::optional<Finding> finding) -> std::shared_ptr<const Finding> {
+        return finding ? std::make_shared<const Finding>(std::move(*finding)) : nullptr;
+    };
+    if (!rows.known || !rows.arguments.isEmpty()) // the values stand in the texts
+        return shared(made(rows, dialect));
+    if (!std::exchange(rows.known->isMade, true))
+        rows.known->finding = shared(made(rows, dialect));
+    return rows.known->finding;
 }
 
 Emitted readAt(const Finding& finding, const qint64* addresses, qsizetype count,
