@@ -1,5 +1,6 @@
 #include "storage/scratch_file.h"
 
+#include "storage/schema/table_builder.h"
 #include "storage/transaction.h"
 
 #include <QFile>
@@ -20,6 +21,15 @@ protected:
     void SetUp() override
     {
         ScratchFile::SetUp();
+        schema::Definition indexed = definition();
+        indexed.indexes.append(schema::index(
+            u"品目"_s,
+            {{u"ﾒｰｶｰ"_s, schema::IndexForm::Key}, {u"数量"_s, schema::IndexForm::Plain}}));
+        connection.close();
+        ASSERT_TRUE(QFile::remove(path()));
+        ASSERT_TRUE(connection.create(path(), Password, indexed));
+        connection.close();
+        ASSERT_TRUE(connection.open(path(), Password));
         Transaction transaction(connection);
         QRandomGenerator random(7);
         for (int i = 1; i <= Rows; ++i) {

@@ -21,9 +21,6 @@ schema::Definition ScratchFile::definition()
     made.indexes = {
         {u"_品目_名称"_s, u"品目"_s, {{u"名称"_s, schema::IndexForm::Key}}},
         {u"_品目_数量"_s, u"品目"_s, {{u"数量"_s, schema::IndexForm::Plain}}},
-        {u"_品目_ﾒｰｶｰ"_s,
-         u"品目"_s,
-         {{u"ﾒｰｶｰ"_s, schema::IndexForm::Key}, {u"数量"_s, schema::IndexForm::Plain}}},
     };
     made.rows = {{u"控え"_s, {{u"内容"_s, Value(u"最初"_s)}, {u"数"_s, Value(0)}}}};
     return made;
