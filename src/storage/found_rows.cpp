@@ -7,6 +7,8 @@ namespace storage {
 
 namespace {
 
+constexpr qint64 BitsOfAddress = 64;
+
 bool isBefore(std::span<const qint64> one, std::span<const qint64> other)
 {
     return std::ranges::lexicographical_compare(one, other);
@@ -43,7 +45,15 @@ QString AddressSet::list(qsizetype source) const
 
 void AddressSet::sort()
 {
-    if (m_width == 1) {
+    if (m_width == 1 && !m_rows.empty()) {
+        const auto [least, most] = std::ranges::minmax(m_rows);
+        // One bit for each address, as long as that is no more memory than the addresses take.
+        if (least >= 0 && most / BitsOfAddress < static_cast<qint64>(m_rows.size())) {
+            m_marks.assign(static_cast<std::size_t>(most) + 1, false);
+            for (const qint64 address : m_rows)
+                m_marks[static_cast<std::size_t>(address)] = true;
+            return;
+        }
         std::ranges::sort(m_rows);
         return;
     }
@@ -60,6 +70,11 @@ void AddressSet::sort()
 
 bool AddressSet::contains(std::span<const qint64> wanted) const
 {
+    if (!m_marks.empty()) {
+        const qint64 address = wanted.front();
+        return address >= 0 && static_cast<std::size_t>(address) < m_marks.size()
+            && m_marks[static_cast<std::size_t>(address)];
+    }
     std::size_t low = 0;
     auto high = static_cast<std::size_t>(count());
     while (low < high) {

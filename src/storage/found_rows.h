@@ -67,6 +67,7 @@ private:
 
     std::size_t m_width;
     std::vector<qint64> m_rows; // the addresses of one row after those of another
+    std::vector<bool> m_marks;  // by address; only for one source whose addresses lie close
 };
 
 } // namespace storage

@@ -16,9 +16,13 @@ constexpr qint64 LookedAt = 6000;
 constexpr qint64 Far = 4000;
 constexpr qint64 Unlimited = 0;
 // Of a table's rows, the part up to which sorting the found ones is quicker than walking all.
-constexpr qint64 SortedPart = 4;
+// (To sort a row, it is read and its key made; walking reads an index alone.)
+constexpr qint64 SortedPart = 12;
+constexpr qint64 SortedPartOfGroups = 4;
+// Of a table's rows, the part up to which they are counted to tell how far apart they lie.
+constexpr qint64 CountedPart = 4;
 // The same where an index orders groups of rows, and the part that may then be looked at.
-constexpr qint64 GroupsPart = 16;
+constexpr qint64 GroupsPart = 64;
 constexpr qint64 WalkedPart = 8;
 
 } // namespace
@@ -57,7 +61,7 @@ bool RowFinder::find(qint64 position, qint64 count)
     if (m_complete || isThere || (m_total >= 0 && position >= m_total))
         return true;
     const bool walks = wayInOrder() != nullptr;
-    const bool filters = m_finding.filtered && m_way != Way::WalksSome;
+    const bool filters = filtersOnTheWay();
     const bool far = position >= Far;
     // The second page that is far from the beginning finds them all.
     if (!walks || (far && (filters || std::exchange(m_turnedFar, true))))
@@ -80,10 +84,23 @@ RowFinder::Direct RowFinder::direct(qint64 count)
     return {Direct::OnTheWay, LookedAt + 2 * count};
 }
 
+// Whether the rows that come in order are looked at one by one for the condition.
+bool RowFinder::filtersOnTheWay() const
+{
+    return m_finding.filtered && m_way != Way::WalksSome;
+}
+
 const sql::Emitted* RowFinder::wayInOrder()
 {
     if (std::exchange(m_triedWays, true))
         return m_inOrder;
+    for (const sql::Emitted* statement : {&m_finding.inOrder, &m_finding.inOrderByKey}) {
+        if (m_finding.ordered && !m_inOrder && !statement->text.isEmpty()
+            && m_session.wayOf(*statement) == Way::WalksSome) {
+            m_inOrder = statement;
+            m_way = Way::WalksSome;
+        }
+    }
     for (const sql::Emitted* statement : {&m_finding.inOrder, &m_finding.onTheWay}) {
         if (m_inOrder || statement->text.isEmpty())
             continue;
@@ -94,11 +111,31 @@ const sql::Emitted* RowFinder::wayInOrder()
     return m_inOrder;
 }
 
+// Whether an index leads to the rows of the condition.
+bool RowFinder::isLedTo()
+{
+    return m_finding.filter && m_finding.filter->indexable
+        && m_session.wayOf(m_finding.filter->rows) == Way::WalksSome;
+}
+
+// Whether the condition's own index gives more than so many rows, or cannot tell soon.
+bool RowFinder::goesBeyond(qint64 rows)
+{
+    sql::Emitted next = m_finding.filter->rows;
+    next.text += u' ' + m_session.dialect().window(1, rows);
+    bool found = false;
+    const Outcome outcome = walk(next, 1, 2 * rows, [&found](std::span<const qint64>) {
+        found = true;
+        return false;
+    });
+    return found || outcome != Outcome::Done;
+}
+
 // How many rows the condition's own index gives, or one more than that many. Nothing when no index
 // finds them.
 std::optional<qint64> RowFinder::countFiltered(qint64 atMost)
 {
-    if (!m_finding.filter || !m_finding.filter->indexable)
+    if (!isLedTo())
         return std::nullopt;
     sql::Emitted rows = m_finding.filter->rows;
     rows.text = u"SELECT count(*) FROM ("_s + rows.text + u' '
@@ -118,7 +155,7 @@ bool RowFinder::isFew()
         // Where an index orders only groups, a whole group is looked at before its first row comes.
         const qint64 few =
             m_way == Way::WalksGroups ? std::max(Few, tableRows() / GroupsPart) : Few;
-        m_isFew = countFiltered(few).value_or(few + 1) <= few;
+        m_isFew = isLedTo() && !goesBeyond(few);
     }
     return *m_isFew;
 }
@@ -130,7 +167,7 @@ bool RowFinder::isFarOnTheWay(qint64 position, qint64 count)
     if (position == 0)
         return false;
     if (m_filtered < 0)
-        m_filtered = countFiltered(tableRows() / SortedPart).value_or(0);
+        m_filtered = countFiltered(tableRows() / CountedPart).value_or(0);
     return m_filtered > 0 && (position + count) * tableRows() / m_filtered > LookedAt;
 }
 
@@ -154,7 +191,7 @@ RowFinder::Outcome RowFinder::findOnTheWay(qint64 position, qint64 count)
     rows.text += u' ' + m_session.dialect().window(count, position);
     const qint64 looked =
         m_way == Way::WalksGroups ? std::max(LookedAt, tableRows() / WalkedPart) : LookedAt;
-    const qint64 limit = m_finding.filtered ? looked + 2 * (position + count) : Unlimited;
+    const qint64 limit = filtersOnTheWay() ? looked + 2 * (position + count) : Unlimited;
     m_rows.start(position);
     const Outcome outcome = walk(rows, m_rows.width(), limit, [this](std::span<const qint64> row) {
         m_rows.add(row);
@@ -174,12 +211,13 @@ bool RowFinder::findAll()
         return true;
     m_rows.start(0);
     const bool hasOwnOrder = !m_finding.inOrder.text.isEmpty();
-    const sql::Emitted& own = hasOwnOrder ? m_finding.inOrder : m_finding.asTheyLie;
+    const bool comesInOrder = wayInOrder() && m_way == Way::WalksSome;
+    const sql::Emitted& own = comesInOrder ? *m_inOrder
+        : hasOwnOrder                      ? m_finding.inOrder
+                                           : m_finding.asTheyLie;
     // One statement does it where its rows come in order, or where there is nothing else to walk.
     if (!m_finding.filtered || !m_finding.ordered
-        || (hasOwnOrder
-            && (m_session.wayOf(own) == Way::WalksSome
-                || m_session.wayOf(m_finding.unfiltered) == Way::Sorts))) {
+        || (hasOwnOrder && (comesInOrder || m_session.wayOf(m_finding.unfiltered) == Way::Sorts))) {
         const Taker keep = [this](std::span<const qint64> row) {
             m_rows.add(row);
             return true;
@@ -197,7 +235,9 @@ bool RowFinder::findAll()
                                  });
     if (outcome != Outcome::Done)
         return false;
-    const bool done = found.count() <= std::max(Few, tableRows() / SortedPart)
+    const qint64 part =
+        m_session.wayOf(m_finding.unfiltered) == Way::WalksGroups ? SortedPartOfGroups : SortedPart;
+    const bool done = found.count() <= std::max(Few, tableRows() / part)
         ? sortFound(found, byOneTable ? 0 : m_finding.listedSource)
         : walkInOrder(std::move(found),
                       byOneTable ? std::optional(m_finding.filter->source) : std::nullopt);
@@ -239,29 +279,33 @@ bool RowFinder::walkInOrder(AddressSet found, std::optional<qsizetype> source)
         == Outcome::Done;
 }
 
-std::optional<qint64> RowFinder::findRow(qsizetype source, qint64 address)
+std::optional<qint64> RowFinder::findRow(qsizetype source, qint64 address, qint64 window)
 {
     const qint64 known = m_rows.find(source, address);
     if (known >= 0 || m_complete)
         return known;
     if (!find(0, 1))
         return std::nullopt;
-    if (!m_complete && wayInOrder()) {
+    // The rows that an index leads to are all found as soon as the way to one of them.
+    if (!m_complete && wayInOrder() && !(filtersOnTheWay() && isLedTo())) {
         m_rows.start(0);
-        bool found = false;
+        qint64 position = -1;
         const Outcome outcome =
-            walk(*m_inOrder, m_rows.width(), m_finding.filtered ? LookedAt : Unlimited,
+            walk(*m_inOrder, m_rows.width(), filtersOnTheWay() ? LookedAt : Unlimited,
                  [&](std::span<const qint64> row) {
                      m_rows.add(row);
-                     found = row[static_cast<std::size_t>(source)] == address;
-                     return !found;
+                     if (position < 0 && row[static_cast<std::size_t>(source)] == address)
+                         position = m_rows.end() - 1;
+                     return position < 0 || m_rows.end() <= position + window;
                  });
         if (outcome == Outcome::Failed)
             return std::nullopt;
-        if (found)
-            return m_rows.end() - 1;
-        if (outcome == Outcome::Done)
+        const bool atEnd =
+            outcome == Outcome::Done && (position < 0 || m_rows.end() <= position + window);
+        if (atEnd)
             finish();
+        if (position >= 0)
+            return position;
     }
     if (!findAll())
         return std::nullopt;

@@ -34,8 +34,9 @@ public:
     // Finds all rows.
     bool findAll();
     // Finds the row whose address in a source is this; its position, -1 when it is not among the
-    // rows, nothing when the engine failed.
-    std::optional<qint64> findRow(qsizetype source, qint64 address);
+    // rows, nothing when the engine failed. With it are found the rows of the window that it
+    // stands in, which will be asked for next.
+    std::optional<qint64> findRow(qsizetype source, qint64 address, qint64 window);
 
     // What is found now: a stretch at least as long as was asked for, or all.
     const FoundRows& rows() const { return m_rows; }
@@ -54,12 +55,15 @@ private:
 
     Outcome walk(const sql::Emitted& statement, qsizetype width, qint64 workLimit,
                  const Taker& take);
+    bool isLedTo();
+    bool goesBeyond(qint64 rows);
     std::optional<qint64> countFiltered(qint64 atMost);
     bool isFew();
     bool isFarOnTheWay(qint64 position, qint64 count);
     qint64 tableRows();
     // The statement that is read in order without sorting; null when there is none.
     const sql::Emitted* wayInOrder();
+    bool filtersOnTheWay() const;
     Outcome findOnTheWay(qint64 position, qint64 count);
     bool sortFound(const AddressSet& found, qsizetype source);
     bool walkInOrder(AddressSet found, std::optional<qsizetype> source);

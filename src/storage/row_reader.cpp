@@ -40,7 +40,7 @@ const sql::Finding* RowReader::finding()
 {
     if (!std::exchange(m_findingMade, true))
         m_finding = sql::finding(m_compiled, m_connection.session()->dialect());
-    return m_finding ? &*m_finding : nullptr;
+    return m_finding.get();
 }
 
 RowFinder* RowReader::finder()
@@ -360,7 +360,7 @@ std::optional<qint64> RowReader::find(qsizetype source, qint64 key)
 {
     if (!finder())
         return std::nullopt;
-    const std::optional<qint64> found = m_finder->findRow(source, key);
+    const std::optional<qint64> found = m_finder->findRow(source, key, m_window);
     if (!found)
         fail(m_finder->error());
     return found;

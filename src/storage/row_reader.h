@@ -94,7 +94,7 @@ private:
     std::vector<schema::ColumnType> m_types; // of the fields, then of the row's address
     int m_window;
 
-    std::optional<sql::Finding> m_finding;
+    std::shared_ptr<const sql::Finding> m_finding;
     bool m_findingMade = false;
     std::unique_ptr<RowFinder> m_finder;
     Reading m_reading = Reading::Unknown; // how a result is read forward

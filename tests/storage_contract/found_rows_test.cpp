@@ -1,5 +1,6 @@
 #include "storage_contract/scratch_file.h"
 
+#include "storage/schema/table_builder.h"
 #include "storage/transaction.h"
 
 #include <QRandomGenerator>
@@ -19,6 +20,15 @@ protected:
     void SetUp() override
     {
         ScratchFile::SetUp();
+        schema::Definition indexed = definition();
+        indexed.indexes.append(schema::index(
+            u"品目"_s,
+            {{u"ﾒｰｶｰ"_s, schema::IndexForm::Key}, {u"数量"_s, schema::IndexForm::Plain}}));
+        connection.close();
+        ASSERT_TRUE(QFile::remove(path()));
+        ASSERT_TRUE(connection.create(path(), Password, indexed));
+        connection.close();
+        ASSERT_TRUE(connection.open(path(), Password));
         Transaction transaction(connection);
         QRandomGenerator random(7);
         for (int i = 1; i <= Rows; ++i) {
@@ -97,6 +107,7 @@ TEST_F(FoundRows, TellWhereARowStands)
         list + u"WHERE 数量 > 2500 ORDER BY 名称, 番号"_s,
         list + u"WHERE 数量 > 8900 ORDER BY 名称, 番号"_s,
         list + u"WHERE 名称 Like '%8%'"_s,
+        list + u"WHERE ﾒｰｶｰ = '丙' ORDER BY ﾒｰｶｰ, 数量"_s,
         u"SELECT 品目.番号, 控え.内容 FROM 品目 INNER JOIN 控え ON 控え.数 = 品目.数量 ORDER BY 品目.名称, 品目.番号"_s,
         list + u"WHERE 数量 < 40 UNION "_s + list + u"WHERE 数量 > 8000 ORDER BY 名称"_s,
     };
@@ -114,6 +125,9 @@ TEST_F(FoundRows, TellWhereARowStands)
             EXPECT_EQ(found.positionOf(u"番号", key), place);
             EXPECT_TRUE(found.setAbsolutePosition(place));
             EXPECT_EQ(found.value(0), key);
+            const qint64 page = (place - 1) / 100;
+            ASSERT_TRUE(found.setAbsolutePage(page + 1));
+            EXPECT_EQ(window(found, page * 100 + 1, 100), all.mid(page * 100, 100));
             EXPECT_EQ(found.positionOf(u"番号", Value(987654)), 0);
         }
     }

@@ -3,6 +3,7 @@
 #include "storage/sql/bind.h"
 #include "storage/sql/condition_parts.h"
 #include "storage/sql/emit.h"
+#include "storage/sql/finding.h"
 #include "storage/sql/listed_texts.h"
 #include "storage/sql/parser.h"
 
@@ -32,6 +33,7 @@ Compiled compiled(bound::Select&& bound, const schema::Catalog& catalog, const D
     result.ofOneRecord = select.parts.size() == 1 && !first.distinct && !first.aggregated
         && !first.top && first.where && isOfOneRecord(*first.where);
     result.select = kept;
+    result.known = std::make_shared<KnownFinding>();
     result.tables = catalog;
     return result;
 }

@@ -16,6 +16,7 @@
 namespace storage::sql {
 
 class Dialect;
+struct KnownFinding;
 namespace bound {
 struct Select;
 }
@@ -62,6 +63,8 @@ struct Compiled {
     // For rows: what they were emitted from, with the tables that it speaks of (see finding.h).
     std::shared_ptr<const bound::Select> select;
     schema::Catalog tables;
+    // How they are found, once somebody has asked; shared by the copies that have no arguments.
+    std::shared_ptr<KnownFinding> known;
     QList<Value> arguments; // the values that fill() has put in their places
     QList<ResultColumn> columns;
     // For rows that come from one table without grouping or union: that table's canonical name. The

@@ -15,6 +15,14 @@ bool isWrapped(const bound::Select& select)
         && (select.parts.size() > 1 || select.parts.front().distinct);
 }
 
+// The column that a term orders by; null when it orders by something else.
+const bound::Column* columnOf(const bound::OrderTerm& term, const bound::SelectPart& part)
+{
+    const bound::Expression& ordered =
+        term.output ? *part.outputs[*term.output].expression : *term.expression;
+    return std::get_if<bound::Column>(&ordered.node);
+}
+
 // Whether the condition asks for one value of the column that the term orders by: it then orders
 // nothing, and stands in the way of an index that orders the rest. (What folds alike sorts alike.)
 bool isFixed(const bound::OrderTerm& term, const bound::Select& select)
@@ -22,9 +30,7 @@ bool isFixed(const bound::OrderTerm& term, const bound::Select& select)
     const bound::SelectPart& part = select.parts.front();
     if (select.parts.size() > 1 || !part.where)
         return false;
-    const bound::Expression& ordered =
-        term.output ? *part.outputs[*term.output].expression : *term.expression;
-    const auto* column = std::get_if<bound::Column>(&ordered.node);
+    const bound::Column* column = columnOf(term, part);
     const auto fixes = [column](const bound::Expression& condition) {
         const auto* comparison = std::get_if<bound::Comparison>(&condition.node);
         if (!comparison || comparison->kind != ast::ComparisonKind::Equal)
@@ -200,6 +206,16 @@ QString Emitter::term(const bound::FromTerm& term)
 QString Emitter::ordered(const QString& text, bool isDay)
 {
     return isDay ? m_dialect.fold(text) : m_dialect.key(text);
+}
+
+// The text, other than of days, that the order begins with though the condition fixes it.
+const bound::Column* Emitter::fixedColumn(const bound::Select& select)
+{
+    if (select.order.empty() || !isFixed(select.order.front(), select))
+        return nullptr;
+    const bound::Column* column = columnOf(select.order.front(), select.parts.front());
+    const bound::Source& source = select.parts.front().sources[static_cast<size_t>(column->source)];
+    return isText(source.table->columns()[column->index].type) && !column->isDay ? column : nullptr;
 }
 
 QString Emitter::order(const bound::Select& select, bool numbered, bool bySorting)

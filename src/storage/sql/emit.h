@@ -46,6 +46,7 @@ private:
     QString from(const bound::From& from);
     QString term(const bound::FromTerm& term);
     QString order(const bound::Select& select, bool numbered, bool bySorting = false);
+    static const bound::Column* fixedColumn(const bound::Select& select);
     // What the order of a text runs over.
     QString ordered(const QString& text, bool isDay);
 
@@ -101,8 +102,9 @@ private:
     const std::vector<bound::Output>* m_unionColumns = nullptr;
     QString m_rowLabel; // what the row being written is called, and its number
     QString m_row;
-    bool m_rowsNeeded = false; // by an output of m_part
-    bool m_unindexed = false;  // no index may be read for a column
+    bool m_rowsNeeded = false;              // by an output of m_part
+    const bound::Column* m_byKey = nullptr; // a text that is asked for by its key
+    bool m_unindexed = false;               // no index may be read for a column
 };
 
 } // namespace storage::sql

@@ -1,5 +1,6 @@
 #include "storage/sql/emit.h"
 
+#include "text/collate.h"
 #include "text/fold.h"
 
 using namespace Qt::StringLiterals;
@@ -173,6 +174,13 @@ QString Emitter::node(const bound::Negative& node)
 
 QString Emitter::node(const bound::Comparison& node)
 {
+    const auto* asked = std::get_if<bound::Column>(&node.left->node);
+    const Value* text = literalIn(*node.right);
+    // Keys are equal exactly when the texts fold alike.
+    if (m_byKey && asked && *asked == *m_byKey && text && text->type() == ValueType::Text
+        && node.form == bound::Form::Fold && node.kind == ast::ComparisonKind::Equal)
+        return u'(' + m_dialect.key(column(*asked)) + u" = "_s
+            + parameter(text::sortKey(text->toText())) + u')';
     const QString left = inForm(node.form, *node.left);
     return u'(' + left + sign(node.kind) + inForm(node.form, *node.right) + u')';
 }

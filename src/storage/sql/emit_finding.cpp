@@ -171,6 +171,10 @@ void Emitter::emitWays(const bound::Select& select, Finding* result)
     const bound::SelectPart& part = select.parts.front();
     const QString found = addresses(part);
     result->inOrder = finished(found + fromWhere(part) + order(select, false));
+    m_byKey = fixedColumn(select);
+    if (m_byKey)
+        result->inOrderByKey = finished(found + fromWhere(part) + order(select, false));
+    m_byKey = nullptr;
     result->onTheWay = finished(found + u" FROM "_s + from(*part.from) + unindexedWhere(part)
                                 + order(select, false));
     result->asTheyLie = finished(found + fromWhere(part));
@@ -220,7 +224,10 @@ Finding Emitter::finding(const bound::Select& select, const bound::Select* owned
     return result;
 }
 
-std::optional<Finding> finding(const Compiled& rows, const Dialect& dialect)
+namespace {
+
+// Nothing when the rows have no addresses.
+std::optional<Finding> made(const Compiled& rows, const Dialect& dialect)
 {
     if (!rows.select)
         return std::nullopt;
@@ -234,6 +241,20 @@ std::optional<Finding> finding(const Compiled& rows, const Dialect& dialect)
     const std::optional<bound::Select> own = ownRows(select);
     return own ? std::optional(Emitter(dialect, rows.arguments).finding(*own, &select))
                : std::nullopt;
+}
+
+} // namespace
+
+std::shared_ptr<const Finding> finding(const Compiled& rows, const Dialect& dialect)
+{
+    const auto shared = [](std::optional<Finding> finding) -> std::shared_ptr<const Finding> {
+        return finding ? std::make_shared<const Finding>(std::move(*finding)) : nullptr;
+    };
+    if (!rows.known || !rows.arguments.isEmpty()) // the values stand in the texts
+        return shared(made(rows, dialect));
+    if (!std::exchange(rows.known->isMade, true))
+        rows.known->finding = shared(made(rows, dialect));
+    return rows.known->finding;
 }
 
 Emitted readAt(const Finding& finding, const qint64* addresses, qsizetype count,

@@ -25,6 +25,9 @@ struct Finding {
 
     // The addresses of the rows in order; empty when they cannot be had so (a union, DISTINCT).
     Emitted inOrder;
+    // The same where the condition fixes a text that the order begins with: that text is asked for
+    // by its key, whose index may go on with the rest of the order. Empty when there is none.
+    Emitted inOrderByKey;
     Emitted onTheWay;     // the same, but no index is read for the condition
     Emitted rowsOnTheWay; // the rows themselves, found so
     Emitted asTheyLie;    // the addresses without order
@@ -53,8 +56,14 @@ struct Finding {
     QList<Parameter> readParameters;
 };
 
-// Nothing when the rows have no addresses (aggregates, TOP, a union or DISTINCT of several tables).
-std::optional<Finding> finding(const Compiled& rows, const Dialect& dialect);
+// What Compiled keeps of it for the next who opens the same list.
+struct KnownFinding {
+    bool isMade = false;
+    std::shared_ptr<const Finding> finding;
+};
+
+// Null when the rows have no addresses (aggregates, TOP, a union or DISTINCT of several tables).
+std::shared_ptr<const Finding> finding(const Compiled& rows, const Dialect& dialect);
 
 // Reads rows by their addresses: `count` times as many as there are sources. The result's first
 // column is the row's place in the list (from 0), then come the statement's columns, then the

@@ -68,7 +68,8 @@ Way SqliteSession::wayOf(const sql::Emitted& statement)
     Way way = Way::WalksAll;
     if (lines.isEmpty() || lines.contains(sort + u"ORDER BY"_s))
         way = Way::Sorts;
-    else if (lines.first().startsWith(u"SEARCH "_s))
+    else if (lines.first().startsWith(u"SEARCH "_s)
+             || lines.first().startsWith(u"MULTI-INDEX OR"_s)) // an index for each part
         way = Way::WalksSome;
     else if (!lines.filter(sort).isEmpty())
         way = Way::WalksGroups;
