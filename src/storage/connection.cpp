@@ -63,26 +63,6 @@ QByteArray lettersOf(const QList<ValueType>& types)
     return letters;
 }
 
-// Shows the user for as long as it lives that the program works.
-class ShownWait {
-public:
-    ShownWait() : m_watcher(waitWatcher())
-    {
-        if (m_watcher)
-            m_watcher->waitGoesOn();
-    }
-    ~ShownWait()
-    {
-        if (m_watcher)
-            m_watcher->waitEnded({});
-    }
-    ShownWait(const ShownWait&) = delete;
-    ShownWait& operator=(const ShownWait&) = delete;
-
-private:
-    WaitWatcher* m_watcher;
-};
-
 // Does a step that is the better for being the only copy that has the file open.
 std::optional<Error> tryAlone(Lock& lock, Mode mode,
                               const std::function<std::optional<Error>(bool alone)>& step)
@@ -105,6 +85,7 @@ std::optional<Error> settleTextIndexes(engine::Upkeep& upkeep, Lock& lock, Mode 
 {
     if (!upkeep.hasForeignTextIndexes())
         return {};
+    const ShownWork shown;
     return tryAlone(lock, mode, [&](bool alone) { return upkeep.renewTextIndexes(alone); });
 }
 
@@ -341,7 +322,7 @@ bool Connection::bringUpToDate(const schema::Definition& definition)
     const auto convert = [&](bool alone) -> std::optional<Error> {
         if (!alone)
             return std::nullopt;
-        const ShownWait shown; // some seconds for a large file
+        const ShownWork shown; // some seconds for a large file
         return upkeep.convert(definition);
     };
     const bool done = check(upkeep.hasFormerFormat() ? tryAlone(*d->lock, d->mode, convert)

@@ -194,10 +194,10 @@ bool Recordset::Private::remove()
 // behind keep their values. Gone when no row was written.
 bool Recordset::Private::write(const sql::Emitted& statement, std::vector<Value>* row)
 {
-    // The row and what it brings to the lists of texts are one step; inside a transaction the
-    // caller's own undoes both.
+    // The row and what it brings to the lists of texts are one step, and one step to wait for.
+    const bool lists = std::ranges::any_of(table.columns(), &schema::Column::isListed);
     std::optional<Transaction> own;
-    if (connection->transactionDepth() == 0 && !own.emplace(*connection).isActive())
+    if ((lists || connection->transactionDepth() == 0) && !own.emplace(*connection).isActive())
         return false;
     using Step = engine::Cursor::Step;
     {

@@ -55,7 +55,6 @@ struct Recordset::Private final : ConnectionUser {
     bool moveTo(qint64 position);
     Value storedValue(int field) const;
     void forgetChanges();
-    qint64 position() const;
 
     bool canChange() const;
     void findTableColumns();

@@ -18,4 +18,18 @@ WaitWatcher* waitWatcher()
     return watching;
 }
 
+ShownWork::ShownWork() : m_watcher(waitWatcher())
+{
+    if (m_watcher)
+        m_watcher->waitGoesOn();
+    watchWaits(nullptr);
+}
+
+ShownWork::~ShownWork()
+{
+    watchWaits(m_watcher);
+    if (m_watcher)
+        m_watcher->waitEnded({});
+}
+
 } // namespace storage

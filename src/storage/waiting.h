@@ -25,4 +25,17 @@ public:
 void watchWaits(WaitWatcher* watcher);
 WaitWatcher* waitWatcher();
 
+// Shows the watcher, for as long as it lives, that the program works; waits that fall into this
+// time are not told by themselves.
+class ShownWork {
+public:
+    ShownWork();
+    ~ShownWork();
+    ShownWork(const ShownWork&) = delete;
+    ShownWork& operator=(const ShownWork&) = delete;
+
+private:
+    WaitWatcher* m_watcher;
+};
+
 } // namespace storage

@@ -7,10 +7,11 @@ using namespace storage::engine;
 
 namespace {
 
-// An engine that keeps its data as the embedded one does, but answers every question that the
-// embedded one leaves at its default: an order says where Null stands, columns of a union say their
-// type, patterns are spelled in another way, and no index is read for a range of keys. What the
-// rooms above take for granted of the embedded engine alone fails with it.
+// An engine that keeps its data as the embedded one does, but says otherwise what the embedded one
+// leaves at its default in a SELECT: tables are named with their schema, an order says where Null
+// stands, columns of a union say their type, patterns are spelled in another way, and no index is
+// read for a range of keys. What the rooms above take for granted of the embedded engine alone
+// fails with it.
 
 // Stands before every pattern that is bound, and is taken off again where it is used.
 const QString PatternMark = u"pattern:"_s;

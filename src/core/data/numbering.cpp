@@ -44,9 +44,9 @@ std::optional<qint64> appendNumbered(DataFile& file, const IdKind& kind, const F
     storage::Transaction transaction(file.connection);
     if (!transaction.isActive() || !appendRow(file, kind.table, fields))
         return std::nullopt;
-    const qint64 number = readNumber(file, kind.maxQuery, u"ma1"_s);
-    if (!stamp(file, CounterQuery, kind.counterColumn, number)
-        || !stamp(file, kind.rowQuery + QString::number(number), kind.idColumn, number)
+    const std::optional<qint64> number = readNumber(file, kind.maxQuery, u"ma1"_s);
+    if (!number || !stamp(file, CounterQuery, kind.counterColumn, *number)
+        || !stamp(file, kind.rowQuery + QString::number(*number), kind.idColumn, *number)
         || !transaction.commit()) {
         return std::nullopt;
     }

@@ -46,9 +46,10 @@ bool Optimise(Shared& shared, const DataFileEntry& entry, const std::function<vo
     const QString note = isLeftOver ? leftOverNote(shared, target) : QString();
     whenOver();
     if (failure) {
-        shared.messages.refuse(u"「 "_s + entry.name
-                               + u" 」は使用中の可能性があります。終了させてから実行して下さい。"_s
-                               + note);
+        shared.messages.refuse(
+            u"「 "_s + entry.name
+                + u" 」は使用中の可能性があります。終了させてから実行して下さい。"_s + note,
+            failure->message + u"\n"_s + failure->details);
         return false;
     }
     shared.messages.tell(u"最適化が終了しました。"_s);

@@ -43,8 +43,13 @@ void RecordList::findIndices()
 
 qint64 RecordList::total()
 {
-    if (!m_total)
-        m_total = std::max<qint64>(m_rows.recordCount(), 0);
+    if (!m_total) {
+        const qint64 counted = m_readable ? m_rows.recordCount() : 0;
+        if (counted < 0)
+            tellUnreadable();
+        // What was shown so far stays to be seen.
+        m_total = counted < 0 ? (m_page - 1) * m_pageSize + m_pageRows.value_or(0) : counted;
+    }
     return *m_total;
 }
 
@@ -94,9 +99,16 @@ bool RecordList::standOn(qint64 position)
     if (m_rows.setAbsolutePosition(position))
         return true;
     const bool failed = m_rows.isUnreadable() || m_file.connection.errors().size() > failures;
-    if (failed && !std::exchange(m_toldUnreadable, true))
-        tellFailure(m_file.messages, ReadFailedText, m_file.connection);
+    if (failed)
+        tellUnreadable();
     return m_rows.isUnreadable();
+}
+
+// Once for each list.
+void RecordList::tellUnreadable()
+{
+    if (!std::exchange(m_toldUnreadable, true))
+        tellFailure(m_file.messages, ReadFailedText, m_file.connection);
 }
 
 QList<ListRow> RecordList::rows(qint64 offset, int count)

@@ -58,6 +58,7 @@ private:
     void findIndices();
     qint64 countPage();
     bool standOn(qint64 position);
+    void tellUnreadable();
     ListRow unreadableRow() const;
     ListRow currentRow() const;
 

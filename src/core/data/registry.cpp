@@ -199,12 +199,25 @@ Outcome reread(Shared& shared, const DataFileEntry& listed, Before* before)
     return {};
 }
 
-// Why the entry may not get the name; empty when it may. It may keep any that it has.
-QString whyNotRenamed(const Entries& ofKind, const DataFileEntry& entry, const QString& newName)
+// Whether another file than the entry's lies under the name, whoever made it: the entry would lead
+// to it from then on, and take it along when it is deleted.
+bool isFileThere(const Shared& shared, const Before& before, const QString& newName)
 {
-    if (newName == entry.name)
+    const QByteArray there =
+        data_files::identity(dataFile(shared.programFolder, before.entry.kind, newName));
+    return !there.isEmpty() && there != data_files::identity(before.file);
+}
+
+// Why the entry may not get the name; empty when it may. It may keep any that it has.
+QString whyNotRenamed(const Shared& shared, const Entries& ofKind, const Before& before,
+                      const QString& newName)
+{
+    if (newName == before.entry.name)
         return {};
-    return isTaken(ofKind, newName, entry.number) ? NameTaken : whyNoNewName(newName);
+    if (isTaken(ofKind, newName, before.entry.number))
+        return NameTaken;
+    const QString reason = whyNoNewName(newName);
+    return reason.isEmpty() && isFileThere(shared, before, newName) ? NameTaken : reason;
 }
 
 Outcome changeEntry(Shared& shared, const DataFileEntry& selected, const QString& newName,
@@ -219,7 +232,7 @@ Outcome changeEntry(Shared& shared, const DataFileEntry& selected, const QString
     const std::optional<Entries> ofKind = readEntries(shared, registered, selected.kind);
     if (!ofKind)
         return {Outcome::Failed, {}};
-    const QString refusal = whyNotRenamed(*ofKind, before->entry, newName);
+    const QString refusal = whyNotRenamed(shared, *ofKind, *before, newName);
     if (!refusal.isEmpty())
         return {Outcome::Refused, refusal};
     const bool written = openForChange(shared, rowByNumber + QString::number(selected.number))

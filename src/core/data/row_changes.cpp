@@ -158,12 +158,12 @@ bool touchRow(DataFile& file, const QString& query)
     return writeRow(file, query, {{u"最近更新日時"_s, storage::Value(file.clock.now())}});
 }
 
-qint64 readNumber(DataFile& file, const QString& query, const QString& field)
+std::optional<qint64> readNumber(DataFile& file, const QString& query, const QString& field)
 {
     storage::Recordset row;
-    if (!row.open(query, file.connection) || row.eof())
-        return 0;
-    return row.value(field).toInteger();
+    if (!row.open(query, file.connection))
+        return std::nullopt;
+    return row.eof() ? 0 : row.value(field).toInteger();
 }
 
 } // namespace core

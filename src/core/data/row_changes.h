@@ -57,7 +57,7 @@ FieldValues editedOf(const FieldValues& values, const FieldValues& shown);
 bool writeRow(DataFile& file, const QString& query, const FieldValues& fields);
 // Stamps 最近更新日時 and 更新日時 of a row; a row that is not there is no failure.
 bool touchRow(DataFile& file, const QString& query);
-// A number that a query gives in a field; 0 when there is none.
-qint64 readNumber(DataFile& file, const QString& query, const QString& field);
+// A number that a query gives in a field; 0 when there is none, nothing when reading failed.
+std::optional<qint64> readNumber(DataFile& file, const QString& query, const QString& field);
 
 } // namespace core

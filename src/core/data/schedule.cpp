@@ -102,7 +102,8 @@ std::unique_ptr<RecordList> openSchedule(DataFile& file, QDate first, QDate last
 qint64 countScheduleEntries(DataFile& file, QDate day)
 {
     return readNumber(file, CountQuery + CountCondition + text::formatPlainDate(day) + u"%' "_s,
-                      u"ma1"_s);
+                      u"ma1"_s)
+        .value_or(0);
 }
 
 QSet<QDate> daysWithEntries(DataFile& file, QDate first, QDate last)

@@ -19,22 +19,22 @@ const QString OpenCases = u"SELECT count(*) as ma1 "_s
 
 qint64 countCustomers(CustomerFile& file)
 {
-    return core::readNumber(file, Customers, u"ma1"_s);
+    return core::readNumber(file, Customers, u"ma1"_s).value_or(0);
 }
 
 qint64 countCases(CustomerFile& file)
 {
-    return core::readNumber(file, Cases, u"ma2"_s);
+    return core::readNumber(file, Cases, u"ma2"_s).value_or(0);
 }
 
 qint64 countLogs(CustomerFile& file)
 {
-    return core::readNumber(file, Logs, u"ma3"_s);
+    return core::readNumber(file, Logs, u"ma3"_s).value_or(0);
 }
 
 qint64 countOpenCases(CustomerFile& file)
 {
-    return core::readNumber(file, OpenCases, u"ma1"_s);
+    return core::readNumber(file, OpenCases, u"ma1"_s).value_or(0);
 }
 
 } // namespace customer

@@ -3,7 +3,6 @@
 #include "customer/data/cascades.h"
 #include "customer/data/cases.h"
 #include "customer/data/id_issuer.h"
-#include "storage/quoted.h"
 #include "storage/recordset.h"
 #include "text/dates.h"
 
@@ -83,9 +82,11 @@ core::SaveResult addLog(CustomerFile& file, const core::RecordKey& ofCase, const
         ParentQuery + QString::number(ofCase.id) + ParentMark + QString::number(ofCase.mark);
     std::optional<qint64> number;
     const core::SaveResult result = core::saveUnder(file, parent, [&] {
-        const qint64 customer = core::readNumber(file, parent, u"ユーザーID"_s);
+        const std::optional<qint64> customer = core::readNumber(file, parent, u"ユーザーID"_s);
+        if (!customer)
+            return false;
         const core::FieldValues owner{
-            {u"ログ識別ID"_s, ofCase.mark}, {u"件名ID"_s, ofCase.id}, {u"ﾕｰｻﾞｰID"_s, customer}};
+            {u"ログ識別ID"_s, ofCase.mark}, {u"件名ID"_s, ofCase.id}, {u"ﾕｰｻﾞｰID"_s, *customer}};
         number = core::appendNumbered(file, idKind(Kind::Log), owner + valuesOf(fields));
         return number && touchCase(file, ofCase.id, ofCase.mark);
     });

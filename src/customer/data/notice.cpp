@@ -25,7 +25,8 @@ QStringList noticeLines(CustomerFile& file)
 {
     const QDate today = file.clock.today();
     const QString month = text::formatPlainDate(today).left(7); // yyyy/mm
-    const qint64 leases = core::readNumber(file, EndingLeases + month + u"%'"_s, u"ma1"_s);
+    const qint64 leases =
+        core::readNumber(file, EndingLeases + month + u"%'"_s, u"ma1"_s).value_or(0);
     return {
         counted(u"続行中の件名"_s, countOpenCases(file)),
         counted(u"今月終了リース件数"_s, leases),

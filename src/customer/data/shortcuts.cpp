@@ -87,8 +87,12 @@ core::SaveResult addShortcut(CustomerFile& file, ShortcutOwner kind, const core:
                                  {table.ownerColumn, owner.id},
                                  {u"ﾌｧｲﾙ名"_s, shortcutName(path)},
                                  {u"場所"_s, path}};
-        if (kind == ShortcutOwner::Case)
-            values.append({u"ユーザーID"_s, core::readNumber(file, parent, u"ユーザーID"_s)});
+        if (kind == ShortcutOwner::Case) {
+            const std::optional<qint64> customer = core::readNumber(file, parent, u"ユーザーID"_s);
+            if (!customer)
+                return false;
+            values.append({u"ユーザーID"_s, *customer});
+        }
         return core::appendNumbered(file, idKind(table.kind), values).has_value();
     });
 }
@@ -115,11 +119,12 @@ core::DeleteResult deleteShortcut(CustomerFile& file, ShortcutOwner kind,
                                [&] { return runCascade(file, table.cascade, key); });
 }
 
-QString shortcutPath(CustomerFile& file, ShortcutOwner kind, const core::RecordKey& key)
+std::optional<QString> shortcutPath(CustomerFile& file, ShortcutOwner kind,
+                                    const core::RecordKey& key)
 {
     storage::Recordset row;
     if (!row.open(rowQuery(tableOf(kind), key), file.connection) || row.eof())
-        return {};
+        return std::nullopt;
     return row.text(u"場所");
 }
 

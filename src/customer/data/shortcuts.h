@@ -23,8 +23,9 @@ core::SaveResult addShortcut(CustomerFile& file, ShortcutOwner kind, const core:
 // Asks first. Deletes the shortcut, never the file.
 core::DeleteResult deleteShortcut(CustomerFile& file, ShortcutOwner kind,
                                   const core::RecordKey& key);
-// The path of a shortcut; empty when it is gone.
-QString shortcutPath(CustomerFile& file, ShortcutOwner kind, const core::RecordKey& key);
+// The path of a shortcut; nothing when it is gone or cannot be read.
+std::optional<QString> shortcutPath(CustomerFile& file, ShortcutOwner kind,
+                                    const core::RecordKey& key);
 
 // The shortcuts of a customer or case. Cells: ﾌｧｲﾙ名, 場所.
 std::unique_ptr<core::RecordList> openShortcuts(CustomerFile& file, ShortcutOwner kind,

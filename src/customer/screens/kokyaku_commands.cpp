@@ -113,13 +113,14 @@ void KokyakuCommands::addCaseFromCases()
         addNewCase();
         return;
     }
-    const std::optional<KeptCase> shown = readCase(m_desk.file, selected.ofCase);
     const std::optional<KeptCustomer> owner =
-        shown ? readOwner(m_desk.file, shown->customerId, shown->key.mark) : std::nullopt;
+        core::readOrTell(m_desk.file, [&]() -> std::optional<KeptCustomer> {
+            const std::optional<KeptCase> shown = readCase(m_desk.file, selected.ofCase);
+            return shown ? readOwner(m_desk.file, shown->customerId, shown->key.mark)
+                         : std::nullopt;
+        });
     if (owner)
         openNewCase(owner->key, owner->fields.texts[DisplayName]);
-    else
-        core::tellRowGone(m_desk.file.messages);
 }
 
 void KokyakuCommands::openNewCase(const core::RecordKey& customer, const QString& name)

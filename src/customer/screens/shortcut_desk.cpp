@@ -115,13 +115,13 @@ void ShortcutDesk::removeCurrent()
 void ShortcutDesk::open(int row)
 {
     const auto key = core::RecordKey::fromText(m_model.rowAt(row).key);
-    const QString path = shortcutPath(m_desk.file, m_kind, key);
-    if (path.isEmpty()) {
-        core::tellRowGone(m_desk.file.messages);
+    const std::optional<QString> path =
+        core::readOrTell(m_desk.file, [&] { return shortcutPath(m_desk.file, m_kind, key); });
+    if (!path) {
         refill();
         return;
     }
-    core::openFileOrTell(m_desk.opener, m_desk.file.messages, path);
+    core::openFileOrTell(m_desk.opener, m_desk.file.messages, *path);
 }
 
 void ShortcutDesk::showMenu(const QPoint& screenPoint)

@@ -10,7 +10,8 @@
 #include <optional>
 
 // What an engine must give: data under names, which are paths for one that keeps them in files.
-// What a Location names is reached through the engine that it chose.
+// What a failing statement leaves standing is said where it runs (session.h). What a Location names
+// is reached through the engine that it chose.
 namespace storage::engine {
 
 enum class LockKind { Shared, Exclusive };
@@ -70,7 +71,7 @@ public:
     virtual std::optional<Error> compact(const QString& source, const QString& target,
                                          const QString& password) = 0;
     // Gives `draft` the name of the data under `name`, which is gone then, in one step: at every
-    // moment there is whole data under it. On failure both are as they were.
+    // moment there is whole data under it. On failure `name` leads to the one or to the other.
     virtual std::optional<Error> replace(const QString& draft, const QString& name) = 0;
 };
 

@@ -131,7 +131,7 @@ TEST_F(Optimisation, KeepsRightsAndLinksOfTheFile)
 
 TEST_F(Optimisation, KilledAtAnyMomentLeavesTheFileUnderItsName)
 {
-    const int kills = rounds("CORVANE_KILLS", 20);
+    const int kills = rounds("CORVANE_KILLS", 50);
     const DataFileEntry entry = makeFile(DataKind::Customer);
     const QString file = path(DataKind::Customer);
     const QString draft = QFileInfo(file).path() + u"/最適化.mdb"_s;

@@ -112,15 +112,18 @@ TEST_F(Registry, AFailedRenameLeavesTheRowChanged)
     ASSERT_TRUE(
         user.open(file(u"Corvane/使用中.mdb"_s), QString::fromUtf16(core::DatabasePassword)));
 
-    const std::pair<DataFileEntry, QString> changes[] = {
-        {gone, u"発見"_s}, {onto, u"先客"_s}, {busy, u"空き"_s}};
+    // Under its new name the entry would lead to a file that is not its own.
+    EXPECT_FALSE(ChangeDataFile(shared, onto, u"先客"_s, {}));
+    EXPECT_THAT(messages.takeBoxes(), ElementsAre(Box{16, u"同じデータ名が存在します。"_s}));
+
+    const std::pair<DataFileEntry, QString> changes[] = {{gone, u"発見"_s}, {busy, u"空き"_s}};
     for (const auto& [entry, name] : changes) {
         EXPECT_FALSE(ChangeDataFile(shared, entry, name, {}));
         EXPECT_THAT(messages.takeBoxes(), ElementsAre(Box{16, u"ﾌｧｲﾙが見つかりません。"_s}));
     }
     EXPECT_THAT(
         rows(registryRows),
-        ElementsAre(u"顧客管理|発見|Null"_s, u"顧客管理|先客|Null"_s, u"顧客管理|空き|Null"_s));
+        ElementsAre(u"顧客管理|発見|Null"_s, u"顧客管理|上書き|Null"_s, u"顧客管理|空き|Null"_s));
     EXPECT_EQ(QFileInfo(file(u"Corvane/先客.mdb"_s)).size(), 1);
     EXPECT_TRUE(isThere(u"Corvane/上書き.mdb"_s));
     EXPECT_TRUE(isThere(u"Corvane/使用中.mdb"_s));

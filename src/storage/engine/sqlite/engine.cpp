@@ -116,12 +116,14 @@ std::optional<Error> SqliteEngine::compact(const QString& source, const QString&
     const auto session = open(source, password, &error);
     if (!session)
         return error;
-    if (auto failure = session->run({CompactInto, {Value(target)}}, nullptr)) {
+    auto failure = session->run({CompactInto, {Value(target)}}, nullptr);
+    if (!failure)
+        failure = syncFile(target);
+    if (failure) {
         QFile::remove(target);
         QFile::remove(journalOf(target));
-        return failure;
     }
-    return syncFile(target);
+    return failure;
 }
 
 // A link stays one: what it leads to is replaced.

@@ -1,5 +1,7 @@
 #include "storage/engine/sqlite/file_steps.h"
 
+#include "storage/system_error.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -65,19 +67,17 @@ Error otherError(const QString& systemsWords)
 
 Error errorOf(int number)
 {
-    switch (number) {
-    case ENOENT:
-    case ENOTDIR:
+    if (number == ENOENT || number == ENOTDIR)
         return {ErrorKind::Missing, u"ファイルが見つかりません。"_s};
-    case EEXIST:
+    if (number == EEXIST)
         return {ErrorKind::Exists, u"同じ名前のファイルがあります。"_s};
-    case EACCES:
-    case EPERM:
-    case EROFS:
+    switch (kindOfSystemError(number).value_or(ErrorKind::Other)) {
+    case ErrorKind::ReadOnly:
         return {ErrorKind::ReadOnly, u"ファイルまたはフォルダーに書き込めません。"_s};
-    case ENOSPC:
-    case EDQUOT:
+    case ErrorKind::Full:
         return {ErrorKind::Full, u"ディスクの空き容量が足りません。"_s};
+    case ErrorKind::Moved:
+        return {ErrorKind::Missing, u"ファイルが見つかりません。"_s};
     default:
         return otherError(qt_error_string(number));
     }
