@@ -150,7 +150,8 @@ bool Recordset::Private::append()
 {
     std::vector<Value> row = changedRow();
     const auto& dialect = connection->session()->dialect();
-    if (!write(sql::insertRow(rowWrite(), table, dialect), &row))
+    const sql::RowWrite written = rowWrite();
+    if (!write(written, sql::insertRow(written, table, dialect), &row))
         return false;
     newRow = std::move(row);
     forgetChanges();
@@ -163,7 +164,8 @@ bool Recordset::Private::change()
 {
     std::vector<Value> row = changedRow();
     const auto& dialect = connection->session()->dialect();
-    if (!write(sql::updateRow(rowWrite(), table, row.back(), readStamp(), dialect), &row))
+    const sql::RowWrite written = rowWrite();
+    if (!write(written, sql::updateRow(written, table, row.back(), readStamp(), dialect), &row))
         return false;
     if (stand == Stand::Row)
         reader->replaceRow(row);
@@ -192,7 +194,8 @@ bool Recordset::Private::remove()
 // Runs a statement that writes one row, and puts the row as it is in the file then in the place of
 // what was written: with its auto-number, its stamp and its address. Fields that no column stands
 // behind keep their values. Gone when no row was written.
-bool Recordset::Private::write(const sql::Emitted& statement, std::vector<Value>* row)
+bool Recordset::Private::write(const sql::RowWrite& written, const sql::Emitted& statement,
+                               std::vector<Value>* row)
 {
     // The row and what it brings to the lists of texts are one step, and one step to wait for.
     const bool lists = std::ranges::any_of(table.columns(), &schema::Column::isListed);
@@ -222,7 +225,7 @@ bool Recordset::Private::write(const sql::Emitted& statement, std::vector<Value>
         if (step == Step::Failed)
             return fail(cursor->error());
     }
-    return connection->listTexts(table.name(), changedValues()) && (!own || own->commit());
+    return connection->listTexts(table.name(), written.values) && (!own || own->commit());
 }
 
 } // namespace storage

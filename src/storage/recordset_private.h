@@ -68,7 +68,8 @@ struct Recordset::Private final : ConnectionUser {
     bool change();
     bool remove();
     sql::RowWrite rowWrite() const;
-    bool write(const sql::Emitted& statement, std::vector<Value>* row);
+    bool write(const sql::RowWrite& written, const sql::Emitted& statement,
+               std::vector<Value>* row);
 };
 
 } // namespace storage

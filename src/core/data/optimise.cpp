@@ -49,7 +49,7 @@ bool Optimise(Shared& shared, const DataFileEntry& entry, const std::function<vo
         shared.messages.refuse(
             u"「 "_s + entry.name
                 + u" 」は使用中の可能性があります。終了させてから実行して下さい。"_s + note,
-            failure->message + u"\n"_s + failure->details);
+            (failure->message + u'\n' + failure->details).trimmed());
         return false;
     }
     shared.messages.tell(u"最適化が終了しました。"_s);

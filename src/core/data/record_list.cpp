@@ -44,7 +44,7 @@ void RecordList::findIndices()
 qint64 RecordList::total()
 {
     if (!m_total) {
-        const qint64 counted = m_readable ? m_rows.recordCount() : 0;
+        const qint64 counted = m_rows.recordCount();
         if (counted < 0)
             tellUnreadable();
         // What was shown so far stays to be seen.

@@ -136,11 +136,10 @@ std::optional<KeptCase> readCaseOf(CustomerFile& file, qint64 id, qint64 mark)
 bool touchCase(CustomerFile& file, qint64 id, qint64 mark)
 {
     const QString query = PairQuery + QString::number(mark) + PairId + QString::number(id);
-    const std::optional<bool> stands = core::rowStands(file, query);
-    if (!stands || !*stands)
-        return stands.has_value();
     const std::optional<KeptCase> kept = read(file, query);
-    return kept && core::touchRow(file, query)
+    if (!kept) // gone, or not to be read
+        return core::rowStands(file, query) == false;
+    return core::touchRow(file, query)
         && core::touchRow(file, customerQuery(kept->customerId, mark));
 }
 

@@ -30,8 +30,8 @@ std::optional<Error> compact(const Location& source, const Location& target,
                              const QString& password);
 // Compacts the file into `draft`, which must not be there, and puts the draft into the file's place
 // in one step, all under one lock: nothing written meanwhile is lost, and at every moment a whole
-// file bears the name. When it fails the file is as it was and the draft is gone; a left-over draft
-// (Exists) stays.
+// file bears the name. When it fails nothing of the file is lost and the draft is gone; a left-over
+// draft (Exists) stays.
 std::optional<Error> compactInPlace(const Location& file, const Location& draft,
                                     const QString& password);
 

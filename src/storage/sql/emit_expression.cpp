@@ -1,6 +1,5 @@
 #include "storage/sql/emit.h"
 
-#include "text/collate.h"
 #include "text/fold.h"
 
 using namespace Qt::StringLiterals;
@@ -174,15 +173,15 @@ QString Emitter::node(const bound::Negative& node)
 
 QString Emitter::node(const bound::Comparison& node)
 {
+    bound::Form form = node.form;
     const auto* asked = std::get_if<bound::Column>(&node.left->node);
     const Value* text = literalIn(*node.right);
     // Keys are equal exactly when the texts fold alike.
     if (m_byKey && asked && *asked == *m_byKey && text && text->type() == ValueType::Text
         && node.form == bound::Form::Fold && node.kind == ast::ComparisonKind::Equal)
-        return u'(' + m_dialect.key(column(*asked)) + u" = "_s
-            + parameter(text::sortKey(text->toText())) + u')';
-    const QString left = inForm(node.form, *node.left);
-    return u'(' + left + sign(node.kind) + inForm(node.form, *node.right) + u')';
+        form = bound::Form::Key;
+    const QString left = inForm(form, *node.left);
+    return u'(' + left + sign(node.kind) + inForm(form, *node.right) + u')';
 }
 
 QString Emitter::node(const bound::Between& node)

@@ -18,7 +18,7 @@ std::optional<Error> writeNewFile(const QString& path, const QByteArray& bytes);
 // Exists when the new name is taken.
 std::optional<Error> moveFile(const QString& from, const QString& to);
 // Gives a file the name of another, whose place, owner and rights it takes in one step: at every
-// moment the name leads to the one or to the other, whole. On failure the other is as it was.
+// moment the name leads to the one or to the other, whole; so too on failure.
 std::optional<Error> replaceFile(const QString& from, const QString& to);
 // Missing when it is not there.
 std::optional<Error> removeFile(const QString& path);
