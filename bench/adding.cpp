@@ -62,7 +62,7 @@ Times compareAdding(const QString& path, const QString& password, QDate today)
     const QStringList statements = addingStatements();
     return compare(
         [&] {
-            if (addCustomer(sample.file(), fields) != core::SaveResult::Saved)
+            if (addCustomer(sample.file(), fields) != records::SaveResult::Saved)
                 giveUp(sample.file().connection.lastError().message);
         },
         [&] {

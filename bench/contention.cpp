@@ -110,7 +110,7 @@ Figures addMany(customer::CustomerFile& file, int adds)
     for (int i = 0; i < adds; ++i) {
         const double waitedBefore = figures.waited;
         const auto begin = std::chrono::steady_clock::now();
-        const bool saved = customer::addCustomer(file, fields) == core::SaveResult::Saved;
+        const bool saved = customer::addCustomer(file, fields) == records::SaveResult::Saved;
         const double worked = Seconds(std::chrono::steady_clock::now() - begin).count();
         ++(saved ? figures.saved : figures.refused);
         figures.worked += worked;

@@ -111,7 +111,7 @@ public:
     }
 
 private:
-    using Opened = std::unique_ptr<core::RecordList>;
+    using Opened = std::unique_ptr<records::RecordList>;
     using Order = std::optional<customer::SortOrder>;
 
     // Reads the page as the main screen does: it is opened, measured and read.

@@ -2,7 +2,7 @@
 
 #include "bare_file.h"
 
-#include "core/data/record_list.h"
+#include "records/data/record_list.h"
 #include "customer/data/list_filter.h"
 #include "customer/data/settings.h"
 
@@ -53,7 +53,7 @@ struct HandList {
     QString tieBreak;
     QList<HandOrder> orders;
     QList<HandFilter> filters;
-    std::function<std::unique_ptr<core::RecordList>(const HandFilter& filter,
+    std::function<std::unique_ptr<records::RecordList>(const HandFilter& filter,
                                                     const customer::SortOrder& order)>
         open;
     int customer::Settings::*rowsOfPage = nullptr; // the setting that says how long a page is

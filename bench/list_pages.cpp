@@ -39,7 +39,7 @@ struct Case {
     customer::SortOrder order;
     std::vector<HandWay> ways;
 
-    std::unique_ptr<core::RecordList> open() const { return list.open(filter, order); }
+    std::unique_ptr<records::RecordList> open() const { return list.open(filter, order); }
 };
 
 class ListPages {

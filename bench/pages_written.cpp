@@ -39,7 +39,7 @@ const QString Commit = u"COMMIT"_s;
 struct Add {
     QString name;
     double limit;
-    std::function<core::SaveResult(customer::CustomerFile& file, const core::RecordKey& pattern)>
+    std::function<records::SaveResult(customer::CustomerFile& file, const core::RecordKey& pattern)>
         save;
 };
 
@@ -96,7 +96,7 @@ std::vector<double> pagesWritten(const QString& path, qint64 pageSize, qint64 cu
     for (int turn = 0; turn < Adds; ++turn) {
         const qint64 number = 1 + turn * (customers / Adds);
         const qint64 before = counter.bytes();
-        if (add.save(sample.file(), {number, 0, number, {}}) != core::SaveResult::Saved)
+        if (add.save(sample.file(), {number, 0, number, {}}) != records::SaveResult::Saved)
             giveUp(sample.file().connection.lastError().message);
         pages.push_back(static_cast<double>(counter.bytes() - before)
                         / static_cast<double>(pageSize));

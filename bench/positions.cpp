@@ -17,10 +17,10 @@ namespace {
 
 constexpr double Limit = 2.0;
 
-using Open = std::function<std::unique_ptr<core::RecordList>()>;
+using Open = std::function<std::unique_ptr<records::RecordList>()>;
 
 // A list as it is when somebody saves or looks for a record: its first page is shown and counted.
-std::unique_ptr<core::RecordList> openedAndCounted(const Open& open)
+std::unique_ptr<records::RecordList> openedAndCounted(const Open& open)
 {
     auto list = open();
     readPage(*list);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/screens/screen_flow.h"
-#include "ui/drafts.h"
+#include "records/screens/drafts.h"
 #include "ui/file_chooser.h"
 
 #include <QList>
@@ -43,6 +43,6 @@ private:
     core::Opener& m_opener;
     ui::UserSettings& m_userSettings;
     ui::FileDialogs m_files;
-    std::map<QString, ui::Drafts> m_drafts; // by the data file's path
+    std::map<QString, records::Drafts> m_drafts; // by the data file's path
     QList<QPointer<QWidget>> m_screens;
 };

@@ -16,8 +16,8 @@ class Checks(CheckCase):
             ("src/core/data/a.cpp", '"ui/message_boxes.h"', "1: core/data may not include"),
             ("src/ui/a.cpp", '"core/screens/top.h"', "1: ui may not include"),
             ("src/repair/screens/a.cpp", '"customer/data/cases.h"', "1: repair/screens may not"),
-            ("src/repair/screens/a.cpp", '"customer/shared/upyotei.h"', None),
-            ("src/customer/shared/a.h", '"customer/data/logs.h"', "1: customer/shared may not"),
+            ("src/repair/screens/a.cpp", '"records/screens/upyotei.h"', None),
+            ("src/records/screens/a.h", '"customer/data/logs.h"', "1: records/screens may not"),
             ("src/customer/screens/a.cpp", '"repair/screens/a.h"', "1: customer/screens may not"),
             ("src/app/main.cpp", '"customer/screens/kokyaku.h"', None),
             ("src/core/data/a.cpp", "<QWidget>", "1: core/data may use of Qt only QtCore"),
@@ -58,7 +58,7 @@ class Checks(CheckCase):
             ('setTitle(u"更新"_s);', None),
         ]:
             self.expect("screens", place, line + "\n", finding)
-        self.expect("screens", "src/customer/shared/upyotei.cpp", "QDir d;\n", "1: QDir")
+        self.expect("screens", "src/records/screens/upyotei.cpp", "QDir d;\n", "1: QDir")
         self.expect("screens", "src/ui/message_boxes.cpp", "QMessageBox box;\n", None)
         self.expect("screens", "src/customer/data/cases.cpp", "Recordset rows;\n", None)
 

@@ -21,4 +21,9 @@ bool tellFailure(Messages& messages, QStringView what, const storage::Connection
     return false;
 }
 
+void tellRowGone(Messages& messages)
+{
+    messages.warn(u"データが削除されている為、更新できません。\r\nリスト表示を更新して下さい。"_s);
+}
+
 } // namespace core

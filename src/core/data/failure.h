@@ -23,4 +23,7 @@ void tellFailure(Messages& messages, QStringView what, const storage::Error& err
 // The same with the last error of a connection. Returns false, for `return tellFailure(...)`.
 bool tellFailure(Messages& messages, QStringView what, const storage::Connection& connection);
 
+// Tells the user that the row to be changed was deleted meanwhile.
+void tellRowGone(Messages& messages);
+
 } // namespace core

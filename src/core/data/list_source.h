@@ -6,6 +6,8 @@
 
 namespace core {
 
+struct RecordKey;
+
 // One row of a list as a screen shows it.
 struct ListRow {
     QString key;       // the record's key
@@ -33,6 +35,9 @@ public:
     virtual qint64 page() const { return 1; }
     // A page that is not there becomes the nearest one.
     virtual void setPage(qint64) {}
+    // The place of a record among the rows of all pages, from 1; 0 when it is not among them, -1
+    // when that cannot be told.
+    virtual qint64 positionOf(const RecordKey&) { return -1; }
 };
 
 } // namespace core

@@ -6,7 +6,6 @@
 #include "core/data/main_access.h"
 #include "core/data/main_database.h"
 #include "core/data/messages.h"
-#include "core/data/record_check.h"
 #include "core/data/shared.h"
 #include "storage/data_files/data_files.h"
 #include "storage/transaction.h"

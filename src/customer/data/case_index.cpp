@@ -1,5 +1,6 @@
 #include "customer/data/case_index.h"
 
+#include "customer/data/settings.h"
 #include "storage/quoted.h"
 #include "text/dates.h"
 
@@ -7,24 +8,35 @@ using namespace Qt::StringLiterals;
 
 namespace customer {
 
+using records::IndexNode;
+using records::ListFilter;
+
 namespace {
 
 const QString RecentOrder = u" ORDER BY 件名.最近更新日時 DESC"_s;
 const QString TextCondition =
     u"WHERE (件名.登録日 & ユーザー.表示名 & 件名.件名 & 件名.備考 & "_s + u"件名.判定) Like '%"_s;
-const QString OpenCaption = u"続行の件名表示"_s;
-const QString FinishedCaption = u"完了の件名表示"_s;
-const QString AllCaption = u"全ての件名表示"_s;
+const QString OpenCondition = u" WHERE"
+                              " 件名.判定 = '続行'"_s;
+const QString FinishedCondition = u" WHERE"
+                                  " 件名.判定 = '完了'"_s;
+const QString RecentCondition = u" WHERE "
+                                "(件名.最近更新日時 BETWEEN #"_s;
 
 } // namespace
 
-QList<CaseIndexNode> caseIndex()
+QList<IndexNode> caseIndex(const IndexNode::Filter& ownCases)
 {
-    return {{u"個々"_s, CaseView::Single},
-            {OpenCaption, CaseView::Open},
-            {FinishedCaption, CaseView::Finished},
-            {AllCaption, CaseView::All},
-            {u"最近一週間"_s, CaseView::Recent}};
+    QList<IndexNode> nodes{
+        {u"個々"_s, ownCases},
+        records::conditionNode(u"続行の件名表示"_s, OpenCondition),
+        records::conditionNode(u"完了の件名表示"_s, FinishedCondition),
+        records::conditionNode(u"全ての件名表示"_s, {}),
+        {u"最近一週間"_s, recentCases},
+    };
+    for (qsizetype i = 0; i < nodes.size(); ++i)
+        nodes[i].number = static_cast<int>(i);
+    return nodes;
 }
 
 ListFilter casesOfCustomer(const core::RecordKey& customer, const QString& name)
@@ -43,21 +55,6 @@ ListFilter singleCase(const core::RecordKey& ofCase)
             u"件名表示"_s};
 }
 
-ListFilter openCases()
-{
-    return {u" WHERE"_s + u" 件名.判定 = '続行'"_s, {}, OpenCaption};
-}
-
-ListFilter finishedCases()
-{
-    return {u" WHERE"_s + u" 件名.判定 = '完了'"_s, {}, FinishedCaption};
-}
-
-ListFilter allCases()
-{
-    return {{}, {}, AllCaption};
-}
-
 ListFilter casesOfDay(QDate day)
 {
     const QString date = text::formatDate(day);
@@ -67,13 +64,13 @@ ListFilter casesOfDay(QDate day)
             date + u"の件名表示"_s};
 }
 
-ListFilter recentCases(const Settings& settings, QDate today)
+ListFilter recentCases(const records::IndexContext& context)
 {
-    const QString start = text::formatPlainDate(today.addDays(-settings.recentCaseDays));
-    const QString end = text::formatPlainDate(today);
-    return {u" WHERE "_s + u"(件名.最近更新日時 BETWEEN #"_s + start + u" 00:00:00# AND #"_s + end
-                + u" 23:59:59#)"_s,
-            RecentOrder, start + u" ～ "_s + end + u" 更新"_s};
+    const int days = context.settings[settings::RecentCaseDays];
+    const QString start = text::formatPlainDate(context.today.addDays(-days));
+    const QString end = text::formatPlainDate(context.today);
+    return {RecentCondition + start + u" 00:00:00# AND #"_s + end + u" 23:59:59#)"_s, RecentOrder,
+            start + u" ～ "_s + end + u" 更新"_s};
 }
 
 ListFilter casesWithText(const QString& text)

@@ -1,8 +1,6 @@
 #include "customer/data/cases.h"
 
-#include "core/data/clock.h"
-#include "customer/data/cascades.h"
-#include "customer/data/id_issuer.h"
+#include "customer/data/settings.h"
 #include "storage/recordset.h"
 #include "text/dates.h"
 
@@ -13,134 +11,116 @@ namespace customer {
 namespace {
 
 const QString RowQuery = u"Select * From 件名 Where 件名更新ID ="_s;
-const QString PairQuery = u"Select * From 件名 Where 件名識別ID ="_s;
-const QString PairId = u" AND 件名ID = "_s;
-const QString ParentQuery = u"SELECT * From ﾕｰｻﾞｰ WHERE ﾕｰｻﾞｰID = "_s;
-const QString ParentMark = u" AND ﾕｰｻﾞｰ識別ID = "_s;
+const QString MaxQuery = u"SELECT Max(件名更新ID) as ma1 From 件名 "_s;
+const QString NewRowQuery = u"SELECT * From 件名 Where 件名更新ID = "_s;
+const QString CustomerQuery = u"SELECT * From ﾕｰｻﾞｰ WHERE ﾕｰｻﾞｰID = "_s;
+const QString CustomerMark = u" AND ﾕｰｻﾞｰ識別ID = "_s;
+const QString Cases = u"SELECT DISTINCT "
+                      "件名.件名更新ID ,"
+                      "件名.件名ID ,"
+                      "件名.件名識別ID ,"
+                      "件名.登録日 ,"
+                      "件名.予定日 ,"
+                      "件名.件名 ,"
+                      "件名.備考 as 件備考 ,"
+                      "件名.判定 , "
+                      "件名.K印字 , "
+                      "件名.更新日時 as 件更新日時 , "
+                      "件名.最近更新日時 , "
+                      "ユーザー.* "
+                      "FROM "
+                      "ユーザー "
+                      "INNER JOIN "
+                      "件名 "
+                      "ON "
+                      "(ユーザー.ﾕｰｻﾞｰ識別ID = 件名.件名識別ID) "
+                      "AND "
+                      "(ユーザー.ﾕｰｻﾞｰID = 件名.ﾕｰｻﾞｰID) "_s;
+const QString CountQuery = u"SELECT count(*) as ma2 FROM 件名"_s;
+const QString TieBreak = u" ,件名.件名ID"_s;
+const QString ByRegistered = u" ORDER BY 件名.登録日"_s;
+const QString ByPlanned = u" ORDER BY 件名.予定日"_s;
+const QString ByCustomer = u" ORDER BY ユーザー.表示名"_s;
+const QString ByTitle = u" ORDER BY 件名.件名"_s;
+const QString ByNotes = u" ORDER BY 件名.備考"_s;
+const QString ByState = u" ORDER BY 件名.判定"_s;
 
-QString rowQuery(const core::RecordKey& key)
+records::Cascade cascade()
 {
-    return RowQuery + QString::number(key.updateId);
-}
-
-QString customerQuery(qint64 id, qint64 mark)
-{
-    return ParentQuery + QString::number(id) + ParentMark + QString::number(mark);
-}
-
-core::FieldValues enteredOf(const CaseFields& fields)
-{
+    using enum records::KeyedText::Number;
     return {
-        {u"登録日"_s, text::formatDate(fields.registered)},
-        {u"件名"_s, fields.title},
-        {u"備考"_s, fields.notes},
-        {u"判定"_s, fields.state},
-        {u"K印字"_s, fields.print ? 1 : 0},
-        {u"予定日"_s, text::formatDate(fields.planned)},
+        {u"DELETE FROM 件名 Where 件名更新ID ="_s, UpdateId},
+        {u"DELETE FROM ログ Where 件名ID ="_s, Id, u" AND ログ識別ID="_s},
+        {u"DELETE FROM 件名関連ファイル Where 件名ID ="_s, Id, u" AND 件名関連識別ID="_s},
     };
 }
 
-core::FieldValues stampsOf(const CaseFields& fields, const QDateTime& now)
+records::FieldValues derivedFrom(const records::FieldValues& row, const QDateTime& now)
 {
-    const bool finished = fields.state == QStringView(FinishedState);
-    return {
-        {u"最近更新日時"_s, now},
-        {u"完了日"_s, finished ? text::formatDate(now.date()) : QString()},
-    };
+    const bool finished = records::fieldText(row, u"判定") == QStringView(FinishedState);
+    return records::changedNow(row, now)
+        + records::FieldValues{{u"完了日"_s, finished ? text::formatDate(now.date()) : QString()}};
 }
 
-std::optional<KeptCase> read(CustomerFile& file, const QString& query)
+int emphasisOf(const storage::Recordset& row, int /*rowOnPage*/, const records::Settings& settings,
+               QDate today)
 {
-    storage::Recordset row;
-    if (!row.open(query, file.connection) || row.eof())
-        return std::nullopt;
-    KeptCase kept;
-    kept.key = {row.value(u"件名更新ID").toInteger(), row.value(u"件名識別ID").toInteger(),
-                row.value(u"件名ID").toInteger(), row.text(u"更新日時")};
-    kept.customerId = row.value(u"ユーザーID").toInteger();
-    kept.fields.registered = text::parseDate(row.text(u"登録日")).value_or(QDate());
-    kept.fields.title = row.text(u"件名");
-    kept.fields.notes = row.text(u"備考");
-    kept.fields.state = row.text(u"判定");
-    kept.fields.print = row.value(u"K印字").toInteger() == 1;
-    kept.fields.planned = text::parseDate(row.text(u"予定日")).value_or(QDate());
-    kept.finished = row.text(u"完了日");
-    return kept;
-}
-
-// The customer of a case counts as changed with it.
-bool touchCustomerOf(CustomerFile& file, const core::RecordKey& key)
-{
-    const std::optional<KeptCase> kept = readCase(file, key);
-    return kept && core::touchRow(file, customerQuery(kept->customerId, kept->key.mark));
+    const QString planned = row.text(u"予定日").left(10); // without the weekday
+    if (settings[settings::EmphasizePlanned] != 1 || planned.isEmpty()
+        || row.text(u"判定") != QStringView(OpenState)) {
+        return NoEmphasis;
+    }
+    const QString day = text::formatPlainDate(today);
+    if (planned == day)
+        return PlannedToday;
+    return planned < day ? PlannedBefore : PlannedLater;
 }
 
 } // namespace
 
-core::SaveResult addCase(CustomerFile& file, const core::RecordKey& customer,
-                         const CaseFields& fields, core::RecordKey* added)
+const records::RecordTable& caseTable()
 {
-    const QString parent = customerQuery(customer.id, customer.mark);
-    const core::FieldValues values =
-        core::FieldValues{{u"件名識別ID"_s, customer.mark}, {u"ユーザーID"_s, customer.id}}
-        + enteredOf(fields) + stampsOf(fields, file.clock.now());
-    std::optional<qint64> number;
-    const core::SaveResult result = core::saveUnder(file, parent, [&] {
-        number = core::appendNumbered(file, idKind(Kind::Case), values);
-        return number && core::touchRow(file, parent);
-    });
-    if (added && result == core::SaveResult::Saved) {
-        const std::optional<KeptCase> kept = readCase(file, {*number, 0, *number, {}});
-        *added = kept ? kept->key : core::RecordKey{};
-    }
-    return result;
+    using enum records::KeyedText::Number;
+    static const records::RecordTable table{
+        .name = u"件名"_s,
+        .numbering = {MaxQuery, NewRowQuery, u"件名"_s},
+        .updateIdColumn = u"件名更新ID"_s,
+        .markColumn = u"件名識別ID"_s,
+        .idColumn = u"件名ID"_s,
+        .rowQuery = {RowQuery},
+        .parents = {{{CustomerQuery, Id, CustomerMark}, u"ユーザーID"_s, u"件名識別ID"_s}},
+        .touched = {{CustomerQuery, u"ユーザーID"_s, CustomerMark, u"件名識別ID"_s}},
+        .cascade = cascade(),
+        .derived = derivedFrom,
+    };
+    return table;
 }
 
-core::SaveResult changeCase(CustomerFile& file, const core::RecordKey& key,
-                            const CaseFields& fields, const CaseFields* shown)
+const records::ListDescription& caseList()
 {
-    const core::FieldValues entered = enteredOf(fields);
-    const core::FieldValues written = (shown ? core::editedOf(entered, enteredOf(*shown)) : entered)
-        + stampsOf(fields, file.clock.now());
-    return core::saveChecked(file, rowQuery(key), key.stamp, [&] {
-        return core::writeRow(file, rowQuery(key), written) && touchCustomerOf(file, key);
-    });
-}
-
-core::DeleteResult deleteCase(CustomerFile& file, const core::RecordKey& key)
-{
-    if (!core::confirmDelete(file))
-        return core::DeleteResult::Kept;
-    return core::deleteChecked(file, rowQuery(key), key.stamp, [&] {
-        return touchCustomerOf(file, key) && runCascade(file, Cascade::Case, key);
-    });
-}
-
-core::SaveResult setCasePrint(CustomerFile& file, const core::RecordKey& key, bool print)
-{
-    return core::saveChecked(file, rowQuery(key), key.stamp, [&] {
-        return core::writeRow(file, rowQuery(key), {{u"K印字"_s, print ? 1 : 0}});
-    });
-}
-
-std::optional<KeptCase> readCase(CustomerFile& file, const core::RecordKey& key)
-{
-    return read(file, rowQuery(key));
-}
-
-std::optional<KeptCase> readCaseOf(CustomerFile& file, qint64 id, qint64 mark)
-{
-    return read(file, PairQuery + QString::number(mark) + PairId + QString::number(id));
-}
-
-bool touchCase(CustomerFile& file, qint64 id, qint64 mark)
-{
-    const QString query = PairQuery + QString::number(mark) + PairId + QString::number(id);
-    const std::optional<KeptCase> kept = read(file, query);
-    if (!kept) // gone, or not to be read
-        return core::rowStands(file, query) == false;
-    return core::touchRow(file, query)
-        && core::touchRow(file, customerQuery(kept->customerId, mark));
+    static const records::ListDescription list{
+        .statement = Cases,
+        .updateId = u"件名更新ID"_s,
+        .mark = u"件名識別ID"_s,
+        .id = u"件名ID"_s,
+        .stamp = u"件更新日時"_s,
+        .columns = {{u"登録日"_s, u"登録日"_s, ByRegistered, 145},
+                    {u"予定日"_s, u"予定日"_s, ByPlanned, 160},
+                    {u"表示名"_s, u"表示名"_s, ByCustomer, 130},
+                    {u"件名"_s, u"件名"_s, ByTitle, 170},
+                    {u"備考"_s, u"件備考"_s, ByNotes, 90},
+                    {u"判定"_s, u"判定"_s, ByState}},
+        .check = u"K印字"_s,
+        .tieBreak = TieBreak,
+        .order = settings::CaseOrder,
+        .descending = settings::CaseDescending,
+        .pageRows = settings::CasesShown,
+        .choices = {ByRegistered, ByPlanned, ByCustomer, ByTitle, ByNotes, ByState},
+        .countQuery = CountQuery,
+        .countField = u"ma2"_s,
+        .emphasis = emphasisOf,
+    };
+    return list;
 }
 
 } // namespace customer

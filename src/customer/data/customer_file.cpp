@@ -33,7 +33,7 @@ QStringList upgradeStatements()
     };
 }
 
-core::FieldValues upgradeDefaults()
+records::FieldValues upgradeDefaults()
 {
     return {
         {u"ログプレ表示"_s, 1},
@@ -54,11 +54,11 @@ core::FieldValues upgradeDefaults()
     };
 }
 
-const core::DataFileForm& customerForm()
+const records::DataFileForm& customerForm()
 {
     static const storage::schema::Definition definition =
         storage::schema::customerFile(storage::schema::Version::V311);
-    static const core::DataFileForm form{u"ユーザー"_s,
+    static const records::DataFileForm form{u"ユーザー"_s,
                                          u"顧客管理のデータファイルではありません。"_s,
                                          upgradeStatements(), upgradeDefaults(), definition};
     return form;
@@ -73,7 +73,7 @@ CustomerFile::CustomerFile(core::Messages& toldTo, const core::Clock& timedBy)
 
 bool OpenCustomerFile(CustomerFile& file, const QString& path, storage::Mode mode)
 {
-    return core::openDataFile(file, path, mode);
+    return records::openDataFile(file, path, mode);
 }
 
 void CloseCustomerFile(CustomerFile& file)

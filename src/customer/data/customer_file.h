@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/data/data_file.h"
+#include "records/data/data_file.h"
 #include "storage/connection.h"
 
 #include <QString>
@@ -8,7 +8,7 @@
 namespace customer {
 
 // The open customer data file. All screens of the customer side use this one.
-struct CustomerFile : core::DataFile {
+struct CustomerFile : records::DataFile {
     CustomerFile(core::Messages& toldTo, const core::Clock& timedBy);
 };
 

@@ -1,7 +1,7 @@
 #include "customer/data/customer_index.h"
 
+#include "customer/data/settings.h"
 #include "storage/quoted.h"
-#include "storage/recordset.h"
 #include "text/dates.h"
 
 #include <QStringList>
@@ -12,9 +12,11 @@ using namespace Qt::StringLiterals;
 
 namespace customer {
 
+using records::IndexNode;
+using records::ListFilter;
+
 namespace {
 
-const QString SearchesQuery = u"Select * From カスタム検索 ORDER BY カスタム検索識別ID,順位"_s;
 const QString ReadingLike = u"表示名ﾌﾘｶﾞﾅ Like '["_s;
 const QString FirstGroupCondition = u" WHERE 表示名ﾌﾘｶﾞﾅ Like '[あ-お]%' "_s
     + u"or 表示名ﾌﾘｶﾞﾅ Like '[ぁ-ぉ]%' "_s + u"or 表示名ﾌﾘｶﾞﾅ Like '[ｱ-ｵ]%' "_s
@@ -56,9 +58,11 @@ QString likeCondition(QStringView range)
     return u" WHERE "_s + ReadingLike + range.toString() + u"]%'"_s;
 }
 
-IndexNode conditionNode(QStringView caption, const QString& condition)
+// Numbered as they stand, so that a node is found again.
+void number(QList<IndexNode>& nodes)
 {
-    return {caption.toString(), IndexNodeKind::Condition, condition, {}};
+    for (qsizetype i = 0; i < nodes.size(); ++i)
+        nodes[i].number = static_cast<int>(i) + 1;
 }
 
 IndexNode groupNode(const Group& group)
@@ -66,9 +70,10 @@ IndexNode groupNode(const Group& group)
     // The first group alone lists all its kinds of kana.
     const bool first = &group == std::begin(Groups);
     IndexNode node =
-        conditionNode(group.caption, first ? FirstGroupCondition : likeCondition(group.range));
+        records::conditionNode(group.caption.toString(), first ? FirstGroupCondition : likeCondition(group.range));
     for (std::size_t i = 0; i < group.children.size() && !group.children[i].isEmpty(); ++i)
-        node.children.append(conditionNode(group.children[i], likeCondition(group.ranges[i])));
+        node.children.append(records::conditionNode(group.children[i].toString(), likeCondition(group.ranges[i])));
+    number(node.children);
     return node;
 }
 
@@ -77,49 +82,21 @@ IndexNode otherNode()
     QStringList conditions;
     for (const Group& group : Groups)
         conditions.append(ReadingLike + u'!' + group.range.toString() + u"]%'"_s);
-    return conditionNode(u"他行", u" WHERE "_s + conditions.join(u" and "));
-}
-
-IndexNode searchesNode(CustomerFile& file)
-{
-    IndexNode node{u"ｶｽﾀﾑ検索"_s, IndexNodeKind::SearchFolder, {}, {}};
-    storage::Recordset rows;
-    if (!rows.open(SearchesQuery, file.connection))
-        return node;
-    while (!rows.eof()) {
-        node.children.append({rows.text(u"文字列"), IndexNodeKind::Search, {}, {}});
-        if (!rows.moveNext())
-            break;
-    }
-    return node;
+    return records::conditionNode(u"他行"_s, u" WHERE "_s + conditions.join(u" and "));
 }
 
 } // namespace
 
-IndexNode customerIndex(CustomerFile& file)
+IndexNode customerIndex(records::Database& data)
 {
-    IndexNode root = conditionNode(u"顧客管理", {});
+    IndexNode root = records::conditionNode(u"顧客管理"_s, {});
     for (const Group& group : Groups)
         root.children.append(groupNode(group));
     root.children.append(otherNode());
-    root.children.append({u"最近更新"_s, IndexNodeKind::Recent, {}, {}});
-    root.children.append(searchesNode(file));
+    root.children.append({u"最近更新"_s, recentCustomers});
+    root.children.append({u"ｶｽﾀﾑ検索"_s, {}, records::searchNodes(data, customersWithText)});
+    number(root.children);
     return root;
-}
-
-std::optional<ListFilter> filterOf(const IndexNode& node, const Settings& settings, QDate today)
-{
-    switch (node.kind) {
-    case IndexNodeKind::Condition:
-        return ListFilter{node.condition, {}, node.caption};
-    case IndexNodeKind::Recent:
-        return recentCustomers(settings, today);
-    case IndexNodeKind::Search:
-        return customersWithText(node.caption);
-    case IndexNodeKind::SearchFolder:
-        break;
-    }
-    return std::nullopt;
 }
 
 ListFilter customersWithText(const QString& text)
@@ -127,10 +104,11 @@ ListFilter customersWithText(const QString& text)
     return {TextCondition + storage::quoted(text) + u"%'"_s, {}, u'\'' + text + u"'を含む表示"_s};
 }
 
-ListFilter recentCustomers(const Settings& settings, QDate today)
+ListFilter recentCustomers(const records::IndexContext& context)
 {
-    const QString start = text::formatPlainDate(today.addDays(-settings.recentCustomerDays));
-    const QString end = text::formatPlainDate(today);
+    const int days = context.settings[settings::RecentCustomerDays];
+    const QString start = text::formatPlainDate(context.today.addDays(-days));
+    const QString end = text::formatPlainDate(context.today);
     return {RecentCondition + start + u" 00:00:00# AND #"_s + end + u" 23:59:59#)"_s, RecentOrder,
             start + u" ～ "_s + end + u" 更新"_s};
 }

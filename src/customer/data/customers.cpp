@@ -1,10 +1,6 @@
 #include "customer/data/customers.h"
 
-#include "core/data/clock.h"
-#include "core/data/messages.h"
-#include "customer/data/cascades.h"
-#include "customer/data/id_issuer.h"
-#include "storage/recordset.h"
+#include "customer/data/settings.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,119 +10,103 @@ namespace {
 
 const QString RowQuery = u"Select * From ユーザー Where ﾕｰｻﾞｰ更新ID ="_s;
 const QString DeleteQuery = u"Select * From ユーザー Where ユーザー更新ID ="_s;
+const QString MaxQuery = u"SELECT Max(ﾕｰｻﾞｰ更新ID) as ma1 From ユーザー "_s;
+const QString NewRowQuery = u"SELECT *  From ユーザー Where ﾕｰｻﾞｰ更新ID = "_s;
 const QString OwnerQuery = u"SELECT * From ユーザー WHERE ﾕｰｻﾞｰID = "_s;
 const QString OwnerMark = u" AND ﾕｰｻﾞｰ識別ID = "_s;
+const QString Customers = u"SELECT * FROM ユーザー"_s;
+const QString CountQuery = u"SELECT count(*) as ma1 FROM ユーザー"_s;
+const QString TieBreak = u" ,ユーザー.ﾕｰｻﾞｰID"_s;
+const QString ByReading = u" ORDER BY ユーザー.表示名ﾌﾘｶﾞﾅ"_s;
+const QString ByHomePhone = u" ORDER BY ユーザー.自宅ＴＥＬ"_s;
+const QString ByCompanyPhone = u" ORDER BY ユーザー.会社ＴＥＬ"_s;
+const QString ByEmail = u" ORDER BY ユーザー.[E-MAIL]"_s;
 
-constexpr QStringView Columns[CustomerFieldCount] = {
-    u"表示名ﾌﾘｶﾞﾅ", u"表示名",      u"ﾕｰｻﾞｰ名ﾌﾘｶﾞﾅ", u"ﾕｰｻﾞｰ名", u"自宅TEL", u"自宅FAX",
-    u"自宅住所",    u"会社名ﾌﾘｶﾞﾅ", u"会社名",       u"部署",    u"会社TEL", u"会社FAX",
-    u"会社住所",    u"E-MAIL",      u"URL",          u"備考",
-};
-
-QString rowQuery(const core::RecordKey& key)
+// A free-item value names its owner by the customer's own mark; 内容識別ID is the mark of the item.
+records::Cascade cascade()
 {
-    return RowQuery + QString::number(key.updateId);
-}
-
-bool isRefused(CustomerFile& file, const CustomerFields& fields)
-{
-    if (!fields.texts[DisplayReading].isEmpty() && !fields.texts[DisplayName].isEmpty())
-        return false;
-    file.messages.refuse(u"表示ﾌﾘｶﾞﾅ・表示名は空白禁止です。"_s);
-    return true;
-}
-
-core::FieldValues valuesOf(const CustomerFields& fields, const QDateTime& now)
-{
-    core::FieldValues values;
-    for (std::size_t i = 0; i < CustomerFieldCount; ++i)
-        values.append({Columns[i].toString(), fields.texts[i]});
-    values.append({u"Y印字"_s, fields.print ? 1 : 0});
-    values.append({u"最近更新日時"_s, now});
-    return values;
-}
-
-std::optional<KeptCustomer> read(CustomerFile& file, const QString& query)
-{
-    storage::Recordset row;
-    if (!row.open(query, file.connection) || row.eof())
-        return std::nullopt;
-    KeptCustomer kept;
-    kept.key = {row.value(u"ﾕｰｻﾞｰ更新ID").toInteger(), row.value(u"ﾕｰｻﾞｰ識別ID").toInteger(),
-                row.value(u"ﾕｰｻﾞｰID").toInteger(), row.text(u"更新日時")};
-    for (std::size_t i = 0; i < CustomerFieldCount; ++i)
-        kept.fields.texts[i] = row.text(Columns[i]);
-    kept.fields.print = row.value(u"Y印字").toInteger() == 1;
-    return kept;
+    using enum records::KeyedText::Number;
+    return {
+        {u"DELETE FROM ユーザー Where ユーザー更新ID ="_s, UpdateId},
+        {u"DELETE FROM 件名 Where ユーザーID ="_s, Id, u" and 件名識別ID = "_s},
+        {u"DELETE FROM ログ Where ユーザーID ="_s, Id, u" and ログ識別ID = "_s},
+        {u"DELETE FROM 納品リスト Where ユーザーID ="_s, Id, u" and 納品識別ID = "_s},
+        {u"DELETE FROM リースリスト Where ユーザーID ="_s, Id, u" and ﾘｰｽ識別ID = "_s},
+        {u"DELETE FROM ユーザー関連ファイル Where ユーザーID ="_s, Id, u" and ﾕｰｻﾞｰ関連識別ID = "_s},
+        {u"DELETE FROM 件名関連ファイル Where ユーザーID ="_s, Id, u" and 件名関連識別ID = "_s},
+        {u"DELETE FROM 項目内容 Where ユーザーID ="_s, Id, u" and ﾕｰｻﾞｰ識別ID = "_s},
+    };
 }
 
 } // namespace
 
-QString customerColumn(CustomerField field)
+const records::RecordTable& customerTable()
 {
-    return Columns[field].toString();
+    static const records::RecordTable table{
+        .name = u"ユーザー"_s,
+        .numbering = {MaxQuery, NewRowQuery, u"ユーザー"_s},
+        .updateIdColumn = u"ﾕｰｻﾞｰ更新ID"_s,
+        .markColumn = u"ﾕｰｻﾞｰ識別ID"_s,
+        .idColumn = u"ﾕｰｻﾞｰID"_s,
+        .rowQuery = {RowQuery},
+        .deleteQuery = {DeleteQuery},
+        .cascade = cascade(),
+        .refusal = records::blankRefused({u"表示名ﾌﾘｶﾞﾅ"_s, u"表示名"_s},
+                                         u"表示ﾌﾘｶﾞﾅ・表示名は空白禁止です。"_s),
+        .derived = records::changedNow,
+    };
+    return table;
 }
 
-core::SaveResult addCustomer(CustomerFile& file, const CustomerFields& fields,
-                             core::RecordKey* added)
+const records::ListDescription& customerList()
 {
-    if (isRefused(file, fields))
-        return core::SaveResult::Refused;
-    const core::FieldValues values =
-        core::FieldValues{{u"ﾕｰｻﾞｰ識別ID"_s, 0}} + valuesOf(fields, file.clock.now());
-    std::optional<qint64> number;
-    const core::SaveResult result = core::saveNew(file, [&] {
-        number = core::appendNumbered(file, idKind(Kind::Customer), values);
-        return number.has_value();
-    });
-    if (added && result == core::SaveResult::Saved) {
-        const std::optional<KeptCustomer> kept = readCustomer(file, {*number, 0, *number, {}});
-        *added = kept ? kept->key : core::RecordKey{};
-    }
-    return result;
+    static const records::ListDescription list{
+        .statement = Customers,
+        .updateId = u"ﾕｰｻﾞｰ更新ID"_s,
+        .mark = u"ﾕｰｻﾞｰ識別ID"_s,
+        .id = u"ﾕｰｻﾞｰID"_s,
+        .stamp = u"更新日時"_s,
+        .columns = {{u"表示名"_s, u"表示名"_s, ByReading, 300},
+                    {u"自宅TEL"_s, u"自宅TEL"_s, ByHomePhone, 140},
+                    {u"会社TEL"_s, u"会社TEL"_s, ByCompanyPhone, 140},
+                    {u"E-MAIL"_s, u"E-MAIL"_s, ByEmail}},
+        .check = u"Y印字"_s,
+        .tieBreak = TieBreak,
+        .order = settings::CustomerOrder,
+        .descending = settings::CustomerDescending,
+        .pageRows = settings::CustomersShown,
+        .choices = {ByReading, ByCompanyPhone, ByHomePhone},
+        .countQuery = CountQuery,
+        .countField = u"ma1"_s,
+    };
+    return list;
 }
 
-core::SaveResult changeCustomer(CustomerFile& file, const core::RecordKey& key,
-                                const CustomerFields& fields)
+const QStringList& customerTexts()
 {
-    if (isRefused(file, fields))
-        return core::SaveResult::Refused;
-    return core::saveChecked(file, rowQuery(key), key.stamp, [&] {
-        return core::writeRow(file, rowQuery(key), valuesOf(fields, file.clock.now()));
-    });
+    static const QStringList columns{
+        u"表示名ﾌﾘｶﾞﾅ"_s, u"表示名"_s,       u"ﾕｰｻﾞｰ名ﾌﾘｶﾞﾅ"_s, u"ﾕｰｻﾞｰ名"_s,
+        u"自宅TEL"_s,     u"自宅FAX"_s,      u"自宅住所"_s,     u"会社名ﾌﾘｶﾞﾅ"_s,
+        u"会社名"_s,      u"部署"_s,         u"会社TEL"_s,      u"会社FAX"_s,
+        u"会社住所"_s,    u"E-MAIL"_s,       u"URL"_s,          u"備考"_s,
+    };
+    return columns;
 }
 
-core::DeleteResult deleteCustomer(CustomerFile& file, const core::RecordKey& key)
+std::optional<records::Record> readOwner(records::Database& data, qint64 id, qint64 mark)
 {
-    if (!core::confirmDelete(file))
-        return core::DeleteResult::Kept;
-    return core::deleteChecked(file, DeleteQuery + QString::number(key.updateId), key.stamp,
-                               [&] { return runCascade(file, Cascade::Customer, key); });
+    return records::readRecord(data, customerTable(),
+                               OwnerQuery + QString::number(id) + OwnerMark
+                                   + QString::number(mark));
 }
 
-core::SaveResult setCustomerPrint(CustomerFile& file, const core::RecordKey& key, bool print)
-{
-    return core::saveChecked(file, rowQuery(key), key.stamp, [&] {
-        return core::writeRow(file, rowQuery(key), {{u"Y印字"_s, print ? 1 : 0}});
-    });
-}
-
-std::optional<KeptCustomer> readCustomer(CustomerFile& file, const core::RecordKey& key)
-{
-    return read(file, rowQuery(key));
-}
-
-std::optional<KeptCustomer> readOwner(CustomerFile& file, qint64 id, qint64 mark)
-{
-    return read(file, OwnerQuery + QString::number(id) + OwnerMark + QString::number(mark));
-}
-
-QString customerText(const CustomerFields& fields)
+QString customerText(const records::Record& customer)
 {
     QString text;
-    for (std::size_t i = 0; i < CustomerFieldCount; ++i) {
-        if (!fields.texts[i].isEmpty())
-            text += Columns[i].toString() + u"： "_s + fields.texts[i] + u"\r\n"_s;
+    for (const QString& column : customerTexts()) {
+        const QString value = customer.text(column);
+        if (!value.isEmpty())
+            text += column + u"： "_s + value + u"\r\n"_s;
     }
     return text;
 }

@@ -1,10 +1,7 @@
 #include "customer/data/logs.h"
 
-#include "customer/data/cascades.h"
-#include "customer/data/cases.h"
-#include "customer/data/id_issuer.h"
+#include "customer/data/settings.h"
 #include "storage/recordset.h"
-#include "text/dates.h"
 
 using namespace Qt::StringLiterals;
 
@@ -13,8 +10,23 @@ namespace customer {
 namespace {
 
 const QString RowQuery = u"Select * From ログ Where ログ更新ID ="_s;
-const QString ParentQuery = u"SELECT * From 件名 WHERE 件名ID = "_s;
-const QString ParentMark = u" AND 件名識別ID = "_s;
+const QString DeleteStatement = u"DELETE FROM ログ Where ログ更新ID ="_s;
+const QString MaxQuery = u"SELECT Max(ログ更新ID) as ma1 From ログ "_s;
+const QString NewRowQuery = u"SELECT * From ログ Where ログ更新ID = "_s;
+const QString CaseQuery = u"SELECT * From 件名 WHERE 件名ID = "_s;
+const QString CaseMark = u" AND 件名識別ID = "_s;
+const QString TouchedCase = u"Select * From 件名 Where 件名識別ID ="_s;
+const QString TouchedCaseId = u" AND 件名ID = "_s;
+const QString CustomerQuery = u"SELECT * From ﾕｰｻﾞｰ WHERE ﾕｰｻﾞｰID = "_s;
+const QString CustomerMark = u" AND ﾕｰｻﾞｰ識別ID = "_s;
+const QString Logs = u"SELECT * FROM ログ"_s;
+const QString LogsOfCase = u" WHERE 件名ID ="_s;
+const QString LogsMark = u" and ログ識別ID="_s;
+const QString CountQuery = u"SELECT count(*) as ma3 FROM ログ"_s;
+const QString TieBreak = u" ,ログID"_s;
+const QString ByDay = u" ORDER BY 登録日"_s;
+const QString ByText = u" ORDER BY Rログ"_s;
+const QString ByRecorder = u" ORDER BY 記録者"_s;
 const QString LatestRecorders = u"SELECT 記録者 From ログ ORDER BY ログ更新ID DESC"_s;
 const QString LogTable = u"ログ"_s;
 const QString RecorderColumn = u"記録者"_s;
@@ -25,31 +37,13 @@ constexpr int EntriesLookedAt = 5000;
 // More names than a list can drop down are left out.
 constexpr int MostRecorders = 200;
 
-QString rowQuery(const core::RecordKey& key)
-{
-    return RowQuery + QString::number(key.updateId);
-}
-
-core::FieldValues valuesOf(const LogFields& fields)
-{
-    return {{u"登録日"_s, text::formatDate(fields.recorded)},
-            {u"記録者"_s, fields.recorder},
-            {u"Rログ"_s, fields.text}};
-}
-
-bool touchCaseOf(CustomerFile& file, const core::RecordKey& key)
-{
-    const std::optional<KeptLog> kept = readLog(file, key);
-    return kept && touchCase(file, kept->caseId, kept->key.mark);
-}
-
 // Those of the last entries, the latest first.
-QStringList latestRecorders(CustomerFile& file)
+QStringList latestRecorders(records::Database& data)
 {
     QStringList names;
     storage::Recordset rows;
     rows.setPageSize(EntriesLookedAt); // and no more is looked for
-    if (!rows.open(LatestRecorders, file.connection))
+    if (!rows.open(LatestRecorders, data.connection))
         return names;
     for (int looked = 0; looked < EntriesLookedAt && !rows.eof(); ++looked) {
         const QString name = rows.value(0).toText();
@@ -62,9 +56,9 @@ QStringList latestRecorders(CustomerFile& file)
 }
 
 // All others, in their order.
-void appendOlderRecorders(CustomerFile& file, QStringList& names)
+void appendOlderRecorders(records::Database& data, QStringList& names)
 {
-    const QStringList all = file.connection.distinctTexts(LogTable, RecorderColumn);
+    const QStringList all = data.connection.distinctTexts(LogTable, RecorderColumn);
     for (const QString& name : all) {
         if (names.size() >= MostRecorders)
             return;
@@ -75,72 +69,67 @@ void appendOlderRecorders(CustomerFile& file, QStringList& names)
 
 } // namespace
 
-core::SaveResult addLog(CustomerFile& file, const core::RecordKey& ofCase, const LogFields& fields,
-                        core::RecordKey* added)
+const records::RecordTable& logTable()
 {
-    const QString parent =
-        ParentQuery + QString::number(ofCase.id) + ParentMark + QString::number(ofCase.mark);
-    std::optional<qint64> number;
-    const core::SaveResult result = core::saveUnder(file, parent, [&] {
-        const std::optional<qint64> customer = core::readNumber(file, parent, u"ユーザーID"_s);
-        if (!customer)
-            return false;
-        const core::FieldValues owner{
-            {u"ログ識別ID"_s, ofCase.mark}, {u"件名ID"_s, ofCase.id}, {u"ﾕｰｻﾞｰID"_s, *customer}};
-        number = core::appendNumbered(file, idKind(Kind::Log), owner + valuesOf(fields));
-        return number && touchCase(file, ofCase.id, ofCase.mark);
-    });
-    if (added && result == core::SaveResult::Saved) {
-        const std::optional<KeptLog> kept = readLog(file, {*number, 0, *number, {}});
-        *added = kept ? kept->key : core::RecordKey{};
-    }
-    return result;
-}
-
-core::SaveResult changeLog(CustomerFile& file, const core::RecordKey& key, const LogFields& fields,
-                           const LogFields* shown)
-{
-    const core::FieldValues written =
-        shown ? core::editedOf(valuesOf(fields), valuesOf(*shown)) : valuesOf(fields);
-    return core::saveChecked(file, rowQuery(key), key.stamp, [&] {
-        return core::writeRow(file, rowQuery(key), written) && touchCaseOf(file, key);
-    });
-}
-
-core::DeleteResult deleteLog(CustomerFile& file, const core::RecordKey& key)
-{
-    if (!core::confirmDelete(file))
-        return core::DeleteResult::Kept;
-    return core::deleteChecked(file, rowQuery(key), key.stamp, [&] {
-        return touchCaseOf(file, key) && runCascade(file, Cascade::Log, key);
-    });
-}
-
-std::optional<KeptLog> readLog(CustomerFile& file, const core::RecordKey& key)
-{
-    storage::Recordset row;
-    if (!row.open(rowQuery(key), file.connection) || row.eof())
-        return std::nullopt;
-    KeptLog kept;
-    kept.key = {row.value(u"ログ更新ID").toInteger(), row.value(u"ログ識別ID").toInteger(),
-                row.value(u"ログID").toInteger(), row.text(u"更新日時")};
-    kept.caseId = row.value(u"件名ID").toInteger();
-    kept.fields = {text::parseDate(row.text(u"登録日")).value_or(QDate()), row.text(u"記録者"),
-                   row.text(u"Rログ")};
-    return kept;
-}
-
-QStringList recorderNames(CustomerFile& file)
-{
-    QStringList names = latestRecorders(file);
-    appendOlderRecorders(file, names);
-    return names;
-}
-
-const core::LogTable& logTable()
-{
-    static const core::LogTable table{RowQuery, u"登録日"_s, u"記録者"_s, u"Rログ"_s};
+    using enum records::KeyedText::Number;
+    static const records::RecordTable table{
+        .name = LogTable,
+        .numbering = {MaxQuery, NewRowQuery, LogTable},
+        .updateIdColumn = u"ログ更新ID"_s,
+        .markColumn = u"ログ識別ID"_s,
+        .idColumn = u"ログID"_s,
+        .rowQuery = {RowQuery},
+        .parents = {{{CaseQuery, Id, CaseMark},
+                     u"件名ID"_s,
+                     u"ログ識別ID"_s,
+                     {{u"ユーザーID"_s, u"ユーザーID"_s}}}},
+        .touched = {{TouchedCase, u"ログ識別ID"_s, TouchedCaseId, u"件名ID"_s},
+                    {CustomerQuery, u"ユーザーID"_s, CustomerMark, u"ログ識別ID"_s}},
+        .cascade = {{DeleteStatement}},
+    };
     return table;
+}
+
+const records::ListDescription& logList()
+{
+    static const records::ListDescription list{
+        .statement = Logs,
+        .updateId = u"ログ更新ID"_s,
+        .mark = u"ログ識別ID"_s,
+        .id = u"ログID"_s,
+        .stamp = u"更新日時"_s,
+        .columns = {{u"記録日"_s, u"登録日"_s, ByDay, 120},
+                    {u"記録者"_s, u"記録者"_s, ByRecorder, 120},
+                    {u"ログ"_s, u"Rログ"_s, ByText}},
+        .tieBreak = TieBreak,
+        .order = settings::LogOrder,
+        .descending = settings::LogDescending,
+        .pageRows = settings::LogsShown,
+        .choices = {ByDay, ByRecorder, ByText},
+        .countQuery = CountQuery,
+        .countField = u"ma3"_s,
+    };
+    return list;
+}
+
+records::ListFilter logsOfCase(const core::RecordKey& ofCase, const QString& title)
+{
+    return {LogsOfCase + QString::number(ofCase.id) + LogsMark + QString::number(ofCase.mark),
+            {},
+            title + u" のログ"_s};
+}
+
+const records::LogTable& previewedLogs()
+{
+    static const records::LogTable logs{logTable(), u"登録日"_s, RecorderColumn, u"Rログ"_s};
+    return logs;
+}
+
+QStringList recorderNames(records::Database& data)
+{
+    QStringList names = latestRecorders(data);
+    appendOlderRecorders(data, names);
+    return names;
 }
 
 } // namespace customer

@@ -6,8 +6,10 @@ namespace core {
 class Opener;
 struct Shared;
 } // namespace core
-namespace ui {
+namespace records {
 class Drafts;
+} // namespace records
+namespace ui {
 class FileChooser;
 class UserSettings;
 } // namespace ui
@@ -20,7 +22,7 @@ struct Desk {
     core::Shared& shared;
     core::Opener& opener;
     ui::FileChooser& files;
-    ui::Drafts& drafts;
+    records::Drafts& drafts;
     ui::UserSettings& userSettings;
 };
 

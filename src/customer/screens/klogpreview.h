@@ -2,7 +2,7 @@
 
 #include "customer/data/customer_file.h"
 #include "customer/data/logs.h"
-#include "customer/shared/logpreview.h"
+#include "records/screens/logpreview.h"
 
 namespace customer {
 

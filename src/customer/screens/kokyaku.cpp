@@ -42,7 +42,7 @@ int selectedBy()
 } // namespace
 
 kokyaku::kokyaku(std::unique_ptr<CustomerFile> file, core::Shared& shared, core::Opener& opener,
-                 ui::FileChooser& files, ui::Drafts& drafts, ui::UserSettings& userSettings,
+                 ui::FileChooser& files, records::Drafts& drafts, ui::UserSettings& userSettings,
                  QWidget* parent)
     : QMainWindow(parent),
       m_ui(std::make_unique<Ui::kokyaku>()),

@@ -28,7 +28,7 @@ class kokyaku : public QMainWindow {
 public:
     // `file` is open. What is handed in must live longer than the screen.
     kokyaku(std::unique_ptr<CustomerFile> file, core::Shared& shared, core::Opener& opener,
-            ui::FileChooser& files, ui::Drafts& drafts, ui::UserSettings& userSettings,
+            ui::FileChooser& files, records::Drafts& drafts, ui::UserSettings& userSettings,
             QWidget* parent = nullptr);
     ~kokyaku() override;
 

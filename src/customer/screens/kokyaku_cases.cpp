@@ -230,7 +230,7 @@ void kokyaku_cases::ListView2_ItemCheck(int row, bool print)
     core::ListRow shown = m_list->model().rowAt(row);
     const auto key = core::RecordKey::fromText(shown.key);
     const std::optional<KeptCase> before = readCase(*m_file, key);
-    if (setCasePrint(*m_file, key, print) != core::SaveResult::Saved) {
+    if (setCasePrint(*m_file, key, print) != records::SaveResult::Saved) {
         refill();
         return;
     }

@@ -1,6 +1,6 @@
 #include "customer/screens/kokyaku_commands.h"
 
-#include "core/data/record_check.h"
+#include "records/data/record_check.h"
 #include "customer/data/logs.h"
 #include "customer/screens/upkenmei.h"
 #include "customer/screens/upkokyaku.h"
@@ -74,7 +74,7 @@ void KokyakuCommands::addCustomerLike()
 {
     const Selection selected = m_selection();
     const std::optional<KeptCustomer> like =
-        core::readOrTell(m_desk.file, [&] { return readCustomer(m_desk.file, selected.customer); });
+        records::readOrTell(m_desk.file, [&] { return readCustomer(m_desk.file, selected.customer); });
     if (!like)
         return;
     open(new upkokyaku(m_desk.file, m_desk.drafts,
@@ -88,12 +88,12 @@ void KokyakuCommands::editCustomer()
     if (selected.customer.isNone())
         return;
     const std::optional<KeptCustomer> kept =
-        core::readOrTell(m_desk.file, [&] { return readCustomer(m_desk.file, selected.customer); });
+        records::readOrTell(m_desk.file, [&] { return readCustomer(m_desk.file, selected.customer); });
     if (!kept)
         return;
     auto* const form = new upkokyaku(m_desk.file, m_desk.drafts,
                                      {false, selected.customer, kept->fields}, m_window);
-    connect(form, &ui::EditForm::removed, this, &KokyakuCommands::customerRemoved);
+    connect(form, &records::EditForm::removed, this, &KokyakuCommands::customerRemoved);
     open(form, u"顧客情報を編集"_s, &KokyakuCommands::customerWritten);
 }
 
@@ -114,7 +114,7 @@ void KokyakuCommands::addCaseFromCases()
         return;
     }
     const std::optional<KeptCustomer> owner =
-        core::readOrTell(m_desk.file, [&]() -> std::optional<KeptCustomer> {
+        records::readOrTell(m_desk.file, [&]() -> std::optional<KeptCustomer> {
             const std::optional<KeptCase> shown = readCase(m_desk.file, selected.ofCase);
             return shown ? readOwner(m_desk.file, shown->customerId, shown->key.mark)
                          : std::nullopt;
@@ -135,12 +135,12 @@ void KokyakuCommands::editCase()
     if (selected.ofCase.isNone())
         return;
     std::optional<KeptCase> kept =
-        core::readOrTell(m_desk.file, [&] { return readCase(m_desk.file, selected.ofCase); });
+        records::readOrTell(m_desk.file, [&] { return readCase(m_desk.file, selected.ofCase); });
     if (!kept)
         return;
     kept->key = selected.ofCase;
     auto* const form = new upkenmei(m_desk.file, m_desk.drafts, *kept, m_window);
-    connect(form, &ui::EditForm::removed, this, &KokyakuCommands::caseRemoved);
+    connect(form, &records::EditForm::removed, this, &KokyakuCommands::caseRemoved);
     open(form, u" 件名情報を編集"_s, &KokyakuCommands::caseWritten);
 }
 
@@ -169,7 +169,7 @@ void KokyakuCommands::editLog()
     if (selected.log.isNone())
         return;
     std::optional<KeptLog> kept =
-        core::readOrTell(m_desk.file, [&] { return readLog(m_desk.file, selected.log); });
+        records::readOrTell(m_desk.file, [&] { return readLog(m_desk.file, selected.log); });
     if (!kept)
         return;
     kept->key = selected.log;
@@ -188,8 +188,8 @@ void KokyakuCommands::editSchedule(const core::RecordKey& key)
 {
     if (key.isNone())
         return;
-    std::optional<core::KeptScheduleEntry> kept =
-        core::readOrTell(m_desk.file, [&] { return core::readScheduleEntry(m_desk.file, key); });
+    std::optional<records::KeptScheduleEntry> kept =
+        records::readOrTell(m_desk.file, [&] { return records::readScheduleEntry(m_desk.file, key); });
     if (!kept)
         return;
     kept->key = key;
@@ -197,12 +197,12 @@ void KokyakuCommands::editSchedule(const core::RecordKey& key)
          &KokyakuCommands::scheduleWritten);
 }
 
-void KokyakuCommands::open(ui::EditForm* form, const QString& caption,
+void KokyakuCommands::open(records::EditForm* form, const QString& caption,
                            void (KokyakuCommands::*told)())
 {
     form->setAttribute(Qt::WA_DeleteOnClose);
     form->setWindowTitle(caption);
-    connect(form, &ui::EditForm::written, this, told);
+    connect(form, &records::EditForm::written, this, told);
     form->open();
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/data/record_key.h"
-#include "core/data/schedule.h"
+#include "records/data/schedule.h"
 #include "customer/data/case_list.h"
 #include "customer/screens/desk.h"
 
@@ -13,7 +13,7 @@
 class QAction;
 class QMenu;
 
-namespace ui {
+namespace records {
 class EditForm;
 }
 
@@ -84,7 +84,7 @@ private:
     void addSchedule();
     void openLogForm(const QString& caption);
     // Shows a form over the main screen; it deletes itself when it closes.
-    void open(ui::EditForm* form, const QString& caption, void (KokyakuCommands::*told)());
+    void open(records::EditForm* form, const QString& caption, void (KokyakuCommands::*told)());
 
     Desk m_desk;
     std::function<Selection()> m_selection;

@@ -89,7 +89,7 @@ void kokyaku_customers::ListView1_ItemCheck(int row, bool print)
 {
     core::ListRow shown = m_list->model().rowAt(row);
     const auto key = core::RecordKey::fromText(shown.key);
-    if (setCustomerPrint(*m_file, key, print) != core::SaveResult::Saved) {
+    if (setCustomerPrint(*m_file, key, print) != records::SaveResult::Saved) {
         refill();
         return;
     }

@@ -1,5 +1,5 @@
 #include "core/data/messages.h"
-#include "core/data/record_check.h"
+#include "records/data/record_check.h"
 #include "core/data/shared.h"
 #include "customer/data/logs.h"
 #include "customer/screens/kokyaku.h"
@@ -123,7 +123,7 @@ void kokyaku::MenuKanrneHyouzi_Click()
 void kokyaku::MenuRogKenHyouzi_Click()
 {
     const std::optional<KeptLog> log =
-        core::readOrTell(*m_file, [this] { return readLog(*m_file, m_ui->logs->currentKey()); });
+        records::readOrTell(*m_file, [this] { return readLog(*m_file, m_ui->logs->currentKey()); });
     if (!log)
         return;
     m_ui->cases->showCase({0, log->key.mark, log->caseId, {}});

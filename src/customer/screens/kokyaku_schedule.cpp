@@ -1,7 +1,7 @@
 #include "customer/screens/kokyaku_schedule.h"
 
 #include "core/data/clock.h"
-#include "core/data/schedule.h"
+#include "records/data/schedule.h"
 #include "ui/list_view.h"
 #include "ui_kokyaku_schedule.h"
 
@@ -60,10 +60,10 @@ void kokyaku_schedule::refill()
 void kokyaku_schedule::showDay()
 {
     const QDate day = m_ui->MonthView1->selectedDate();
-    const qint64 entries = core::countScheduleEntries(*m_file, day);
-    m_ui->lblYotei->setCaption(core::weekdayAnnouncement(day) + u"　予定 "_s
+    const qint64 entries = records::countScheduleEntries(*m_file, day);
+    m_ui->lblYotei->setCaption(records::weekdayAnnouncement(day) + u"　予定 "_s
                                + QString::number(entries) + u" 件"_s);
-    m_ui->ListView8->refill(core::openSchedule(*m_file, day, day.addDays(DaysShown - 1)));
+    m_ui->ListView8->refill(records::openSchedule(*m_file, day, day.addDays(DaysShown - 1)));
 }
 
 QDate kokyaku_schedule::day() const
@@ -81,7 +81,7 @@ void kokyaku_schedule::showMenu(const QPoint& place)
 void kokyaku_schedule::markDays()
 {
     const auto [first, last] = m_ui->MonthView1->shownDays();
-    m_ui->MonthView1->setMarked(core::daysWithEntries(*m_file, first, last));
+    m_ui->MonthView1->setMarked(records::daysWithEntries(*m_file, first, last));
 }
 
 void kokyaku_schedule::clear()

@@ -2,7 +2,7 @@
 
 #include "core/data/messages.h"
 #include "core/data/opener.h"
-#include "core/data/record_check.h"
+#include "records/data/record_check.h"
 #include "ui/file_chooser.h"
 #include "ui/list_view.h"
 
@@ -94,7 +94,7 @@ void ShortcutDesk::add(const QStringList& paths)
         return;
     }
     for (const QString& path : paths) {
-        if (addShortcut(m_desk.file, m_kind, m_owner, path) != core::SaveResult::Saved)
+        if (addShortcut(m_desk.file, m_kind, m_owner, path) != records::SaveResult::Saved)
             break; // the user was told; the rest would fail alike
     }
     refill();
@@ -106,7 +106,7 @@ void ShortcutDesk::removeCurrent()
     const core::RecordKey key = currentKey();
     if (key.isNone())
         return;
-    if (deleteShortcut(m_desk.file, m_kind, key) != core::DeleteResult::Kept) {
+    if (deleteShortcut(m_desk.file, m_kind, key) != records::DeleteResult::Kept) {
         refill();
         emit written();
     }
@@ -116,7 +116,7 @@ void ShortcutDesk::open(int row)
 {
     const auto key = core::RecordKey::fromText(m_model.rowAt(row).key);
     const std::optional<QString> path =
-        core::readOrTell(m_desk.file, [&] { return shortcutPath(m_desk.file, m_kind, key); });
+        records::readOrTell(m_desk.file, [&] { return shortcutPath(m_desk.file, m_kind, key); });
     if (!path) {
         refill();
         return;

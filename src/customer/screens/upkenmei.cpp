@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace customer {
 
-upkenmei::upkenmei(CustomerFile& file, ui::Drafts& drafts, QWidget* parent, bool adding)
+upkenmei::upkenmei(CustomerFile& file, records::Drafts& drafts, QWidget* parent, bool adding)
     : EditForm(file.messages, drafts, parent), m_ui(std::make_unique<Ui::upkenmei>()), m_file(file)
 {
     m_ui->setupUi(this);
@@ -23,7 +23,7 @@ upkenmei::upkenmei(CustomerFile& file, ui::Drafts& drafts, QWidget* parent, bool
                adding);
 }
 
-upkenmei::upkenmei(CustomerFile& file, ui::Drafts& drafts, const core::RecordKey& customer,
+upkenmei::upkenmei(CustomerFile& file, records::Drafts& drafts, const core::RecordKey& customer,
                    QWidget* parent)
     : upkenmei(file, drafts, parent, true)
 {
@@ -31,7 +31,7 @@ upkenmei::upkenmei(CustomerFile& file, ui::Drafts& drafts, const core::RecordKey
     recordShown(u"upkenmei + "_s + QString::number(customer.updateId));
 }
 
-upkenmei::upkenmei(CustomerFile& file, ui::Drafts& drafts, const KeptCase& kept, QWidget* parent)
+upkenmei::upkenmei(CustomerFile& file, records::Drafts& drafts, const KeptCase& kept, QWidget* parent)
     : upkenmei(file, drafts, parent, false)
 {
     m_kept = kept;
@@ -80,13 +80,13 @@ CaseFields upkenmei::fields() const
     return entered;
 }
 
-core::SaveResult upkenmei::save()
+records::SaveResult upkenmei::save()
 {
     return isAdding() ? addCase(m_file, m_customer, fields())
                       : changeCase(m_file, m_kept.key, fields(), &m_filled);
 }
 
-core::DeleteResult upkenmei::remove()
+records::DeleteResult upkenmei::remove()
 {
     return deleteCase(m_file, m_kept.key);
 }

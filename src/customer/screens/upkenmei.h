@@ -1,7 +1,7 @@
 #pragma once
 
 #include "customer/data/cases.h"
-#include "ui/edit_form.h"
+#include "records/screens/edit_form.h"
 
 #include <memory>
 
@@ -12,23 +12,23 @@ class upkenmei;
 namespace customer {
 
 // Adds, changes and deletes a case of a customer.
-class upkenmei : public ui::EditForm {
+class upkenmei : public records::EditForm {
     Q_OBJECT
 
 public:
     // A new case of a customer.
-    upkenmei(CustomerFile& file, ui::Drafts& drafts, const core::RecordKey& customer,
+    upkenmei(CustomerFile& file, records::Drafts& drafts, const core::RecordKey& customer,
              QWidget* parent);
     // A case that is there, with the key that the list showed.
-    upkenmei(CustomerFile& file, ui::Drafts& drafts, const KeptCase& kept, QWidget* parent);
+    upkenmei(CustomerFile& file, records::Drafts& drafts, const KeptCase& kept, QWidget* parent);
     ~upkenmei() override;
 
 protected:
-    core::SaveResult save() override;
-    core::DeleteResult remove() override;
+    records::SaveResult save() override;
+    records::DeleteResult remove() override;
 
 private:
-    upkenmei(CustomerFile& file, ui::Drafts& drafts, QWidget* parent, bool adding);
+    upkenmei(CustomerFile& file, records::Drafts& drafts, QWidget* parent, bool adding);
     void chkYotei_Click(bool planned);
     void fill(const KeptCase& kept);
     CaseFields fields() const;

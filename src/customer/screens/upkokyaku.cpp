@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace customer {
 
-upkokyaku::upkokyaku(CustomerFile& file, ui::Drafts& drafts, const Opening& opening,
+upkokyaku::upkokyaku(CustomerFile& file, records::Drafts& drafts, const Opening& opening,
                      QWidget* parent)
     : EditForm(file.messages, drafts, parent),
       m_ui(std::make_unique<Ui::upkokyaku>()),
@@ -60,13 +60,13 @@ CustomerFields upkokyaku::fields() const
     return entered;
 }
 
-core::SaveResult upkokyaku::save()
+records::SaveResult upkokyaku::save()
 {
     return isAdding() ? addCustomer(m_file, fields())
                       : changeCustomer(m_file, m_opening.key, fields());
 }
 
-core::DeleteResult upkokyaku::remove()
+records::DeleteResult upkokyaku::remove()
 {
     return deleteCustomer(m_file, m_opening.key);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "customer/data/customers.h"
-#include "ui/edit_form.h"
+#include "records/screens/edit_form.h"
 
 #include <array>
 #include <memory>
@@ -15,7 +15,7 @@ class upkokyaku;
 namespace customer {
 
 // Adds, changes and deletes a customer.
-class upkokyaku : public ui::EditForm {
+class upkokyaku : public records::EditForm {
     Q_OBJECT
 
 public:
@@ -27,12 +27,12 @@ public:
         qint64 like = 0;       // update ID of the customer that is copied; 0: none
     };
 
-    upkokyaku(CustomerFile& file, ui::Drafts& drafts, const Opening& opening, QWidget* parent);
+    upkokyaku(CustomerFile& file, records::Drafts& drafts, const Opening& opening, QWidget* parent);
     ~upkokyaku() override;
 
 protected:
-    core::SaveResult save() override;
-    core::DeleteResult remove() override;
+    records::SaveResult save() override;
+    records::DeleteResult remove() override;
     QWidget* refusedField() override;
 
 private:

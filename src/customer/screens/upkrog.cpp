@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace customer {
 
-upkrog::upkrog(CustomerFile& file, ui::Drafts& drafts, QWidget* parent, bool adding)
+upkrog::upkrog(CustomerFile& file, records::Drafts& drafts, QWidget* parent, bool adding)
     : EditForm(file.messages, drafts, parent), m_ui(std::make_unique<Ui::upkrog>()), m_file(file)
 {
     m_ui->setupUi(this);
@@ -35,7 +35,7 @@ upkrog::upkrog(CustomerFile& file, ui::Drafts& drafts, QWidget* parent, bool add
                adding);
 }
 
-upkrog::upkrog(CustomerFile& file, ui::Drafts& drafts, const core::RecordKey& ofCase,
+upkrog::upkrog(CustomerFile& file, records::Drafts& drafts, const core::RecordKey& ofCase,
                QWidget* parent)
     : upkrog(file, drafts, parent, true)
 {
@@ -43,7 +43,7 @@ upkrog::upkrog(CustomerFile& file, ui::Drafts& drafts, const core::RecordKey& of
     recordShown(u"upkrog + "_s + QString::number(ofCase.updateId));
 }
 
-upkrog::upkrog(CustomerFile& file, ui::Drafts& drafts, const KeptLog& kept, QWidget* parent)
+upkrog::upkrog(CustomerFile& file, records::Drafts& drafts, const KeptLog& kept, QWidget* parent)
     : upkrog(file, drafts, parent, false)
 {
     m_kept = kept;
@@ -101,13 +101,13 @@ LogFields upkrog::fields() const
     return entered;
 }
 
-core::SaveResult upkrog::save()
+records::SaveResult upkrog::save()
 {
     return isAdding() ? addLog(m_file, m_case, fields())
                       : changeLog(m_file, m_kept.key, fields(), &m_filled);
 }
 
-core::DeleteResult upkrog::remove()
+records::DeleteResult upkrog::remove()
 {
     return deleteLog(m_file, m_kept.key);
 }

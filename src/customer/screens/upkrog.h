@@ -1,7 +1,7 @@
 #pragma once
 
 #include "customer/data/logs.h"
-#include "ui/edit_form.h"
+#include "records/screens/edit_form.h"
 
 #include <memory>
 
@@ -12,24 +12,24 @@ class upkrog;
 namespace customer {
 
 // Adds, changes and deletes a log entry of a case.
-class upkrog : public ui::EditForm {
+class upkrog : public records::EditForm {
     Q_OBJECT
 
 public:
     // A new entry of a case.
-    upkrog(CustomerFile& file, ui::Drafts& drafts, const core::RecordKey& ofCase, QWidget* parent);
+    upkrog(CustomerFile& file, records::Drafts& drafts, const core::RecordKey& ofCase, QWidget* parent);
     // An entry that is there, with the key that the list showed.
-    upkrog(CustomerFile& file, ui::Drafts& drafts, const KeptLog& kept, QWidget* parent);
+    upkrog(CustomerFile& file, records::Drafts& drafts, const KeptLog& kept, QWidget* parent);
     ~upkrog() override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
-    core::SaveResult save() override;
-    core::DeleteResult remove() override;
+    records::SaveResult save() override;
+    records::DeleteResult remove() override;
 
 private:
-    upkrog(CustomerFile& file, ui::Drafts& drafts, QWidget* parent, bool adding);
+    upkrog(CustomerFile& file, records::Drafts& drafts, QWidget* parent, bool adding);
     void fillCombo2();
     void Combo2_GotFocus();
     LogFields fields() const;

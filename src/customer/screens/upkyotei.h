@@ -1,7 +1,7 @@
 #pragma once
 
 #include "customer/data/customer_file.h"
-#include "customer/shared/upyotei.h"
+#include "records/screens/upyotei.h"
 
 namespace customer {
 
@@ -10,11 +10,11 @@ class upkyotei : public upyotei {
     Q_OBJECT
 
 public:
-    upkyotei(CustomerFile& file, ui::Drafts& drafts, QDate day, QWidget* parent)
+    upkyotei(CustomerFile& file, records::Drafts& drafts, QDate day, QWidget* parent)
         : upyotei(file, drafts, day, parent)
     {
     }
-    upkyotei(CustomerFile& file, ui::Drafts& drafts, const core::KeptScheduleEntry& kept,
+    upkyotei(CustomerFile& file, records::Drafts& drafts, const records::KeptScheduleEntry& kept,
              QWidget* parent)
         : upyotei(file, drafts, kept, parent)
     {

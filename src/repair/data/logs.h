@@ -1,11 +1,12 @@
 #pragma once
 
-#include "core/data/log_preview.h"
+#include "records/data/log_preview.h"
 
 // Log entries of repair jobs (table 修理ログ).
 namespace repair {
 
+const records::RecordTable& logTable();
 // The log as the preview window reads it.
-const core::LogTable& logTable();
+const records::LogTable& previewedLogs();
 
 } // namespace repair

@@ -29,7 +29,7 @@ QStringList upgradeStatements()
     };
 }
 
-core::FieldValues upgradeDefaults()
+records::FieldValues upgradeDefaults()
 {
     return {
         {u"ログプレ表示"_s, 1},       {u"ログプレ手前"_s, 0},       {u"ログプレ横位置"_s, 0},
@@ -40,11 +40,11 @@ core::FieldValues upgradeDefaults()
     };
 }
 
-const core::DataFileForm& repairForm()
+const records::DataFileForm& repairForm()
 {
     static const storage::schema::Definition definition =
         storage::schema::repairFile(storage::schema::Version::V311);
-    static const core::DataFileForm form{u"修理"_s, u"修理管理のデータファイルではありません。"_s,
+    static const records::DataFileForm form{u"修理"_s, u"修理管理のデータファイルではありません。"_s,
                                          upgradeStatements(), upgradeDefaults(), definition};
     return form;
 }
@@ -58,7 +58,7 @@ RepairFile::RepairFile(core::Messages& toldTo, const core::Clock& timedBy)
 
 bool OpenRepairFile(RepairFile& file, const QString& path, storage::Mode mode)
 {
-    return core::openDataFile(file, path, mode);
+    return records::openDataFile(file, path, mode);
 }
 
 void CloseRepairFile(RepairFile& file)

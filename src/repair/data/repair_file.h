@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/data/data_file.h"
+#include "records/data/data_file.h"
 #include "storage/connection.h"
 
 #include <QString>
@@ -8,7 +8,7 @@
 namespace repair {
 
 // The open repair data file. All screens of the repair side use this one.
-struct RepairFile : core::DataFile {
+struct RepairFile : records::DataFile {
     RepairFile(core::Messages& toldTo, const core::Clock& timedBy);
 };
 

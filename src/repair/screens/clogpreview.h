@@ -1,12 +1,12 @@
 #pragma once
 
-#include "customer/shared/logpreview.h"
+#include "records/screens/logpreview.h"
 #include "repair/data/repair_file.h"
 
 namespace repair {
 
 // The log preview beside the repair screen.
-class clogpreview : public customer::logpreview {
+class clogpreview : public records::logpreview {
     Q_OBJECT
 
 public:

@@ -2,12 +2,12 @@
 
 namespace repair {
 
-upcyotei::upcyotei(RepairFile& file, ui::Drafts& drafts, QDate day, QWidget* parent)
+upcyotei::upcyotei(RepairFile& file, records::Drafts& drafts, QDate day, QWidget* parent)
     : upyotei(file, drafts, day, parent)
 {
 }
 
-upcyotei::upcyotei(RepairFile& file, ui::Drafts& drafts, const core::KeptScheduleEntry& kept,
+upcyotei::upcyotei(RepairFile& file, records::Drafts& drafts, const records::KeptScheduleEntry& kept,
                    QWidget* parent)
     : upyotei(file, drafts, kept, parent)
 {

@@ -1,17 +1,17 @@
 #pragma once
 
-#include "customer/shared/upyotei.h"
+#include "records/screens/upyotei.h"
 #include "repair/data/repair_file.h"
 
 namespace repair {
 
 // The schedule editor of a repair file.
-class upcyotei : public customer::upyotei {
+class upcyotei : public records::upyotei {
     Q_OBJECT
 
 public:
-    upcyotei(RepairFile& file, ui::Drafts& drafts, QDate day, QWidget* parent);
-    upcyotei(RepairFile& file, ui::Drafts& drafts, const core::KeptScheduleEntry& kept,
+    upcyotei(RepairFile& file, records::Drafts& drafts, QDate day, QWidget* parent);
+    upcyotei(RepairFile& file, records::Drafts& drafts, const records::KeptScheduleEntry& kept,
              QWidget* parent);
 };
 

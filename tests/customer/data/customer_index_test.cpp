@@ -146,11 +146,11 @@ TEST_F(CustomerIndexTest, StoredSearchesSearchAllTexts)
     execute(u"INSERT INTO カスタム検索 (カスタム検索識別ID, 文字列, 順位) VALUES (0, '株', 1)"_s);
     customer::CustomerFields fields = addNamed(u"電話"_s, u"ﾃﾞﾝﾜ"_s).fields;
     fields.texts[customer::HomePhone] = u"０３-1"_s;
-    EXPECT_EQ(addCustomer(file, fields), core::SaveResult::Saved);
+    EXPECT_EQ(addCustomer(file, fields), records::SaveResult::Saved);
     fields = {};
     fields.texts[customer::DisplayName] = fields.texts[customer::DisplayReading] = u"会社"_s;
     fields.texts[customer::Notes] = u"㈱"_s;
-    EXPECT_EQ(addCustomer(file, fields), core::SaveResult::Saved);
+    EXPECT_EQ(addCustomer(file, fields), records::SaveResult::Saved);
 
     QStringList captions;
     const IndexNode root = customerIndex(file);

@@ -10,9 +10,9 @@
 
 using namespace Qt::StringLiterals;
 using core::Answer;
-using core::DeleteResult;
+using records::DeleteResult;
 using core::RecordKey;
-using core::SaveResult;
+using records::SaveResult;
 using customer::CaseFields;
 using customer::Settings;
 using customer::ShortcutOwner;

@@ -1,5 +1,5 @@
 #include "core/data/database_password.h"
-#include "core/data/schedule.h"
+#include "records/data/schedule.h"
 #include "customer/data/case_index.h"
 #include "customer/data/case_list.h"
 #include "customer/data/logs.h"
@@ -56,9 +56,9 @@ protected:
             const customer::CaseFields fields{day,   u"件"_s + QString::number(i),
                                               {},    i % 3 ? u"続行"_s : u"完了"_s,
                                               false, i % 4 ? clock.today().addDays(-i) : QDate()};
-            ASSERT_EQ(addCase(file, owner, fields, &of), core::SaveResult::Saved);
+            ASSERT_EQ(addCase(file, owner, fields, &of), records::SaveResult::Saved);
             const QString name = QStringList{u"佐野"_s, u"工藤"_s, u""_s, u"O'Hara"_s}[i % 4];
-            ASSERT_EQ(addLog(file, of, {day, name, u"文"_s}), core::SaveResult::Saved);
+            ASSERT_EQ(addLog(file, of, {day, name, u"文"_s}), records::SaveResult::Saved);
             addScheduleEntry(file, {day, {}, u"予定"_s});
         }
         execute(u"UPDATE 件名 SET 登録日 = '平成六年' WHERE 件名 = '件11'"_s); // from elsewhere

@@ -96,7 +96,7 @@ TEST_F(ListTest, CustomerRowsCarryKeyCellsAndFlag)
     fields.texts[customer::Email] = u"a@b"_s;
     fields.print = true;
     core::RecordKey key;
-    EXPECT_EQ(addCustomer(file, fields, &key), core::SaveResult::Saved);
+    EXPECT_EQ(addCustomer(file, fields, &key), records::SaveResult::Saved);
     const auto list = openCustomerList(file, {}, {}, {});
     const core::ListRow row = list->rows(0, 1).value(0);
     EXPECT_EQ(row.key, key.toText());
@@ -143,11 +143,11 @@ TEST_F(ListTest, CaseFilters)
     customer::KeptCase planned = addCaseOf(second, u"点検"_s);
     planned.fields.planned = QDate(2024, 5, 1);
     planned.fields.notes = u"'50%引き'"_s;
-    EXPECT_EQ(changeCase(file, planned.key, planned.fields), core::SaveResult::Saved);
+    EXPECT_EQ(changeCase(file, planned.key, planned.fields), records::SaveResult::Saved);
     clock.set(QDate(2024, 5, 1));
     customer::KeptCase done = addCaseOf(second, u"納入"_s);
     done.fields.state = u"完了"_s;
-    EXPECT_EQ(changeCase(file, done.key, done.fields), core::SaveResult::Saved);
+    EXPECT_EQ(changeCase(file, done.key, done.fields), records::SaveResult::Saved);
 
     const struct {
         ListFilter filter;
@@ -180,10 +180,10 @@ TEST_F(ListTest, EmphasisesOpenCasesByTheirPlannedDate)
     for (const QDate planned :
          {QDate(), QDate(2024, 4, 14), QDate(2024, 4, 15), QDate(2024, 4, 16)}) {
         EXPECT_EQ(addCase(file, owner, {clock.today(), u"予定"_s, {}, u"続行"_s, false, planned}),
-                  core::SaveResult::Saved);
+                  records::SaveResult::Saved);
     }
     EXPECT_EQ(addCase(file, owner, {clock.today(), u"済"_s, {}, u"完了"_s, true, {2024, 4, 14}}),
-              core::SaveResult::Saved);
+              records::SaveResult::Saved);
     QList<int> emphasis;
     Settings on;
     on.emphasizePlanned = 1;
@@ -200,9 +200,9 @@ TEST_F(ListTest, LogsOfACase)
     const core::RecordKey owner = addNamed(u"客"_s, u"ｷｬｸ"_s).key;
     const customer::KeptCase one = addCaseOf(owner, u"一"_s);
     const customer::KeptCase two = addCaseOf(owner, u"二"_s);
-    EXPECT_EQ(addLog(file, one.key, {{2024, 4, 2}, u"佐藤"_s, u"電話"_s}), core::SaveResult::Saved);
-    EXPECT_EQ(addLog(file, one.key, {{2024, 4, 1}, u"鈴木"_s, u"訪問"_s}), core::SaveResult::Saved);
-    EXPECT_EQ(addLog(file, two.key, {{2024, 4, 3}, u"鈴木"_s, u"別件"_s}), core::SaveResult::Saved);
+    EXPECT_EQ(addLog(file, one.key, {{2024, 4, 2}, u"佐藤"_s, u"電話"_s}), records::SaveResult::Saved);
+    EXPECT_EQ(addLog(file, one.key, {{2024, 4, 1}, u"鈴木"_s, u"訪問"_s}), records::SaveResult::Saved);
+    EXPECT_EQ(addLog(file, two.key, {{2024, 4, 3}, u"鈴木"_s, u"別件"_s}), records::SaveResult::Saved);
     const ListFilter filter = customer::logsOfCase(one.key, u"一"_s);
     EXPECT_EQ(filter.caption, u"一 のログ");
     const auto list = openLogList(file, filter, {}, {});

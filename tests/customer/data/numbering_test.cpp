@@ -41,7 +41,7 @@ protected:
         customer::CustomerFields fields;
         fields.texts = {u"ﾅﾏｴ"_s, u"名前"_s};
         for (int i = 0; i < number; ++i) {
-            if (addCustomer(copy.file, fields) != core::SaveResult::Saved)
+            if (addCustomer(copy.file, fields) != records::SaveResult::Saved)
                 return false;
             stepDone();
         }
@@ -55,13 +55,13 @@ TEST_F(NumberingTest, EveryKindIsNumberedByItsOwnUpdateId)
                                u"リース"_s,   u"ユーザー関連"_s, u"件名関連"_s, u"自由項目名"_s,
                                u"予定"_s,     u"カスタム検索"_s};
     for (int number = 1; number <= 10; ++number) {
-        const core::IdKind& kind = customer::idKind(static_cast<Kind>(number));
+        const records::IdKind& kind = customer::idKind(static_cast<Kind>(number));
         EXPECT_EQ(kind.counterColumn, counters[number - 1]);
-        EXPECT_EQ(core::appendNumbered(file, kind, {}), 1);
-        EXPECT_EQ(core::appendNumbered(file, kind, {}), 2);
+        EXPECT_EQ(records::appendNumbered(file, kind, {}), 1);
+        EXPECT_EQ(records::appendNumbered(file, kind, {}), 2);
         // The highest number is not given out again.
         execute(u"DELETE FROM "_s + kind.table + u" WHERE "_s + kind.idColumn + u" = 2"_s);
-        EXPECT_EQ(core::appendNumbered(file, kind, {}), 3);
+        EXPECT_EQ(records::appendNumbered(file, kind, {}), 3);
         EXPECT_EQ(column(u"SELECT "_s + kind.idColumn + u" FROM "_s + kind.table),
                   (QStringList{u"1"_s, u"3"_s}));
         EXPECT_EQ(valueOf(u"SELECT "_s + kind.counterColumn + u" FROM 最新発番"_s), u"3");

@@ -95,7 +95,7 @@ TEST_F(PowerCutTest, ACascadeIsWholeOrNotAtAll)
     PowerCut cut(folder());
     ASSERT_TRUE(open());
     messages.willAnswer(core::Answer::Yes);
-    EXPECT_EQ(customer::deleteCustomer(file, key), core::DeleteResult::Deleted);
+    EXPECT_EQ(customer::deleteCustomer(file, key), records::DeleteResult::Deleted);
     messages.takeBoxes();
     cut.acknowledge();
     CloseCustomerFile(file);

@@ -33,8 +33,8 @@ protected:
         owner = addNamed(u"加藤"_s, u"ｶﾄｳ"_s).key;
         ofCase = addCaseOf(owner, u"点検"_s).key;
         ASSERT_EQ(addLog(file, ofCase, {clock.today(), u"佐藤"_s, u"受付"_s}, &log),
-                  core::SaveResult::Saved);
-        ASSERT_EQ(addScheduleEntry(file, {clock.today(), {}, u"棚卸"_s}), core::SaveResult::Saved);
+                  records::SaveResult::Saved);
+        ASSERT_EQ(addScheduleEntry(file, {clock.today(), {}, u"棚卸"_s}), records::SaveResult::Saved);
         shortenWaiting(file.connection);
     }
 
@@ -57,7 +57,7 @@ protected:
             {"change a log entry", [this] { opens<upkrog>(*readLog(file, log)); }, "Rrogu", 2},
             {"add to the schedule", [this] { opens<upkyotei>(clock.today()); }, "yotei1", 1, true},
             {"change the schedule",
-             [this, entry] { opens<upkyotei>(*core::readScheduleEntry(file, entry)); }, "yotei1",
+             [this, entry] { opens<upkyotei>(*records::readScheduleEntry(file, entry)); }, "yotei1",
              1},
         };
     }

@@ -27,7 +27,7 @@ protected:
         fields.texts[customer::Email] = u"kato@example.jp"_s;
         fields.texts[customer::WebAddress] = u"http://example.jp/"_s;
         fields.texts[customer::Notes] = u"一\r\n二"_s;
-        EXPECT_EQ(customer::addCustomer(file, fields), core::SaveResult::Saved);
+        EXPECT_EQ(customer::addCustomer(file, fields), records::SaveResult::Saved);
         addNamed(u"木村"_s, u"ｷﾑﾗ"_s);
         execute(u"UPDATE 設定 SET 顧客詳細表示 = 1 WHERE 設定ID = 1"_s);
         openScreen();

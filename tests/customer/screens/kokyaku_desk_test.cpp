@@ -3,7 +3,7 @@
 #include "customer/screens/johokokyaku.h"
 #include "customer/screens/klogpreview.h"
 #include "support/customer/screens/main_screen_test.h"
-#include "ui/edit_form.h"
+#include "records/screens/edit_form.h"
 #include "ui/list_view.h"
 
 #include <QAction>
@@ -26,13 +26,13 @@ protected:
         owner = addNamed(u"加藤 花子"_s, u"カトウ"_s).key;
         ofCase = addCaseOf(owner, u"点検"_s).key;
         EXPECT_EQ(customer::addLog(file, ofCase, {clock.today(), u"佐藤"_s, u"受付"_s}),
-                  core::SaveResult::Saved);
+                  records::SaveResult::Saved);
     }
 
     // The edit screen that is open over the main screen; the test ends when there is none.
-    ui::EditForm& form()
+    records::EditForm& form()
     {
-        for (ui::EditForm* const each : screen->findChildren<ui::EditForm*>()) {
+        for (records::EditForm* const each : screen->findChildren<records::EditForm*>()) {
             if (each->isVisible())
                 return *each;
         }
@@ -236,7 +236,7 @@ TEST_F(KokyakuDeskTest, CasesAreFoundByDayByTextAndFromTheirLog)
     other.title = u"見積"_s;
     other.state = u"完了"_s;
     other.registered = QDate(2024, 1, 1);
-    EXPECT_EQ(customer::addCase(file, owner, other), core::SaveResult::Saved);
+    EXPECT_EQ(customer::addCase(file, owner, other), records::SaveResult::Saved);
     openScreen();
     const auto pick = [this](const QString& name) {
         for (QAction* const each : screen->findChildren<QAction*>()) {

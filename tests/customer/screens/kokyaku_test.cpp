@@ -34,7 +34,7 @@ protected:
     void addLogOf(const core::RecordKey& ofCase, const QString& text)
     {
         EXPECT_EQ(customer::addLog(file, ofCase, {clock.today(), u"佐藤"_s, text}),
-                  core::SaveResult::Saved);
+                  records::SaveResult::Saved);
     }
 };
 
@@ -194,7 +194,7 @@ TEST_F(KokyakuTest, RefilledListsCarryFreshKeys)
     const core::RecordKey shown = core::RecordKey::fromText(list(1).currentKey());
     customer::CustomerFields changed = fresh(shown).fields;
     changed.texts[customer::HomePhone] = u"03-1234-5678"_s;
-    ASSERT_EQ(customer::changeCustomer(file, shown, changed), core::SaveResult::Saved);
+    ASSERT_EQ(customer::changeCustomer(file, shown, changed), records::SaveResult::Saved);
 
     screen->refillLists();
     EXPECT_EQ(cells(1, 1).value(2), u"03-1234-5678"_s);

@@ -8,7 +8,7 @@ customer::KeptCustomer CustomerTest::addNamed(const QString& name, const QString
     fields.texts[customer::DisplayName] = name;
     fields.texts[customer::DisplayReading] = reading;
     core::RecordKey key;
-    EXPECT_EQ(customer::addCustomer(file, fields, &key), core::SaveResult::Saved);
+    EXPECT_EQ(customer::addCustomer(file, fields, &key), records::SaveResult::Saved);
     return {key, fields};
 }
 
@@ -18,7 +18,7 @@ customer::KeptCase CustomerTest::addCaseOf(const core::RecordKey& owner, const Q
     kept.fields.title = title;
     kept.fields.state = QString::fromUtf16(customer::OpenState);
     kept.fields.registered = clock.today();
-    EXPECT_EQ(customer::addCase(file, owner, kept.fields, &kept.key), core::SaveResult::Saved);
+    EXPECT_EQ(customer::addCase(file, owner, kept.fields, &kept.key), records::SaveResult::Saved);
     return kept;
 }
 

@@ -3,7 +3,7 @@
 #include "customer/data/cases.h"
 #include "customer/data/customer_file.h"
 #include "customer/data/customers.h"
-#include "support/core/data/data_file_test.h"
+#include "support/records/data/data_file_test.h"
 
 // A test on a customer data file.
 class CustomerTest : public DataFileTest {
@@ -12,7 +12,7 @@ public:
 
 protected:
     void SetUp() override { create(storage::schema::Version::V311); }
-    core::DataFile& dataFile() override { return file; }
+    records::DataFile& dataFile() override { return file; }
 
     void create(storage::schema::Version version)
     {

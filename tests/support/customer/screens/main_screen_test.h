@@ -6,7 +6,7 @@
 #include "support/fake_file_chooser.h"
 #include "support/recording_opener.h"
 #include "support/user_settings.h"
-#include "ui/drafts.h"
+#include "records/screens/drafts.h"
 
 #include <QTest>
 
@@ -49,7 +49,7 @@ protected:
     core::Shared shared{messages, clock};
     RecordingOpener opener;
     FakeFileChooser files;
-    ui::Drafts drafts;
+    records::Drafts drafts;
     FakeUserSettings userSettings;
     std::unique_ptr<customer::kokyaku> screen;
     customer::CustomerFile* screenFile = nullptr;

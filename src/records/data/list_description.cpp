@@ -1,0 +1,43 @@
+#include "records/data/list_description.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace records {
+
+std::optional<ListOrder> standingOrder(const ListDescription& list, const ListFilter& filter,
+                                       const Settings& settings)
+{
+    if (!filter.ownOrder.isEmpty() || list.choices.isEmpty())
+        return std::nullopt;
+    const QString first = list.choices.first();
+    return ListOrder{list.choices.value(settings[list.order], first),
+                     settings[list.descending] == 1};
+}
+
+std::optional<ListOrder> orderOf(const ListDescription& list, int column, bool descending)
+{
+    const QString clause = list.columns.value(column).clause;
+    return clause.isEmpty() ? std::nullopt : std::optional(ListOrder{clause, descending});
+}
+
+int columnOf(const ListDescription& list, const ListOrder& order)
+{
+    const auto found = std::ranges::find(list.columns, order.clause, &ListColumn::clause);
+    return found == list.columns.cend() ? -1 : static_cast<int>(found - list.columns.cbegin());
+}
+
+QString listStatement(const ListDescription& list, const ListFilter& filter,
+                      const std::optional<ListOrder>& clicked, const Settings& settings)
+{
+    const QString rows =
+        (filter.source.isEmpty() ? list.statement : filter.source) + filter.condition;
+    const std::optional<ListOrder> order =
+        clicked ? clicked : standingOrder(list, filter, settings);
+    if (!order)
+        return rows + filter.ownOrder;
+    return rows + order->clause + (order->descending ? u" DESC"_s : QString()) + list.tieBreak;
+}
+
+} // namespace records

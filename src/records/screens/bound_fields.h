@@ -1,0 +1,52 @@
+#pragma once
+
+#include "records/data/fields.h"
+
+#include <QString>
+
+#include <functional>
+#include <vector>
+
+class QCheckBox;
+class QComboBox;
+class QDateEdit;
+class QLineEdit;
+class QPlainTextEdit;
+class QTimeEdit;
+class QWidget;
+
+namespace records {
+
+// The widgets of a form and the columns that they show. Texts have CR LF line ends in the record
+// and what the widgets give on the screen; days are kept as "yyyy/mm/dd(aaa)", times as "hh:mm",
+// a check box as 1 or 0.
+class BoundFields {
+public:
+    void bind(QLineEdit* field, const QString& column);
+    void bind(QPlainTextEdit* field, const QString& column);
+    // A value that is not among the offered ones is added to them: it is shown as it is stored.
+    void bind(QComboBox* field, const QString& column);
+    void bind(QCheckBox* field, const QString& column);
+    // A day that is missing leaves the proposed one in the field. With a check box: there is a day
+    // only while it is ticked.
+    void bind(QDateEdit* field, const QString& column, QCheckBox* only = nullptr);
+    void bind(QTimeEdit* field, const QString& column);
+
+    // Shows a record's fields.
+    void fill(const FieldValues& record) const;
+    // What the fields hold, by column, in the order in which they were bound.
+    FieldValues values() const;
+    // The widget of a column; null when none shows it.
+    QWidget* widgetOf(const QString& column) const;
+
+private:
+    struct Bound {
+        QWidget* widget;
+        QString column;
+        std::function<void(const storage::Value&)> show;
+        std::function<storage::Value()> value;
+    };
+    std::vector<Bound> m_bound;
+};
+
+} // namespace records

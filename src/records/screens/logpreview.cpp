@@ -1,0 +1,168 @@
+#include "records/screens/logpreview.h"
+
+#include "core/data/messages.h"
+#include "text/lines.h"
+#include "ui/twips.h"
+#include "ui/window_placement.h"
+#include "ui_logpreview.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QScreen>
+
+using namespace Qt::StringLiterals;
+
+namespace records {
+namespace {
+
+constexpr QPoint FrameRoom(8, 36); // for the window's frame, which is not yet known then
+
+int twips(int pixels)
+{
+    return static_cast<int>(ui::twipsFromPixels(pixels));
+}
+
+} // namespace
+
+logpreview::logpreview(DataFile& file, const LogTable& log, QWidget* parent)
+    : QWidget(parent, Qt::Tool),
+      m_ui(std::make_unique<Ui::logpreview>()),
+      m_file(file),
+      m_log(log),
+      m_Rcopy(new QAction(u"コピー"_s, this)),
+      m_temae(new QAction(this)),
+      m_ichi(new QAction(u"位置サイズ保存"_s, this))
+{
+    m_ui->setupUi(this);
+    setAttribute(Qt::WA_ShowWithoutActivating); // the keyboard stays with the list
+    m_Rcopy->setObjectName(u"Rcopy"_s);
+    m_temae->setObjectName(u"temae"_s);
+    m_ichi->setObjectName(u"ichi"_s);
+    connect(m_Rcopy, &QAction::triggered, this, &logpreview::Rcopy_Click);
+    connect(m_temae, &QAction::triggered, this, &logpreview::temae_Click);
+    connect(m_ichi, &QAction::triggered, this, &logpreview::ichi_Click);
+    m_ui->rogu->viewport()->installEventFilter(this);
+    m_ui->rogu->installEventFilter(this);
+    m_ui->rogu->setToolTip(u"Ctrlキーを押しながらドラッグすると移動します。"_s);
+    const PreviewPlace place = readPreviewPlace(file);
+    placeWindow(place);
+    stayOnTop(place.onTop);
+}
+
+logpreview::~logpreview() = default;
+
+void logpreview::placeWindow(const PreviewPlace& place)
+{
+    const QRect kept(ui::pixelsFromTwips(place.left), ui::pixelsFromTwips(place.top),
+                     ui::pixelsFromTwips(place.width), ui::pixelsFromTwips(place.height));
+    QRect seen = ui::fitInto(ui::areaFor(*this, kept), kept);
+    // A place that was never saved is 0, 0, where the window would hide the index.
+    if (place.left == 0 && place.top == 0)
+        seen.moveBottomRight(screen()->availableGeometry().bottomRight() - FrameRoom);
+    resize(seen.size());
+    move(seen.topLeft());
+}
+
+void logpreview::showEntry(const core::RecordKey& key)
+{
+    m_ui->rogu->setPlainText(text::toWidgetLines(previewText(m_file, m_log, key)));
+}
+
+void logpreview::RightMenu(const QPoint& screenPoint)
+{
+    m_temae->setText(m_onTop ? u"常に手前解除"_s : u"常に手前表示"_s);
+    auto* const menu = new QMenu(this);
+    menu->setObjectName(u"RightMenu"_s);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addActions({m_Rcopy, m_temae, m_ichi});
+    menu->popup(screenPoint);
+}
+
+void logpreview::Rcopy_Click()
+{
+    QGuiApplication::clipboard()->setText(text::toStoredLines(m_ui->rogu->toPlainText()));
+}
+
+void logpreview::temae_Click()
+{
+    if (savePreviewOnTop(m_file, !m_onTop))
+        stayOnTop(!m_onTop);
+}
+
+// The window system forgets the window when this changes; it is shown again where it stood.
+void logpreview::stayOnTop(bool onTop)
+{
+    m_onTop = onTop;
+    const bool shown = isVisible();
+    const QPoint place = pos();
+    setWindowFlag(Qt::WindowStaysOnTopHint, onTop);
+    if (!shown)
+        return;
+    move(place);
+    show();
+}
+
+void logpreview::ichi_Click()
+{
+    if (!m_file.messages.confirm(u"現在の表示位置・サイズを保存しますか？"_s))
+        return;
+    PreviewPlace place;
+    place.left = twips(pos().x());
+    place.top = twips(pos().y());
+    place.width = twips(width());
+    place.height = twips(height());
+    savePreviewPlace(m_file, place);
+}
+
+// The whole window is text, so it is dragged by its frame, or anywhere while Ctrl is held.
+bool logpreview::eventFilter(QObject* watched, QEvent* event)
+{
+    const auto* const mouse =
+        watched == m_ui->rogu->viewport() ? dynamic_cast<QMouseEvent*>(event) : nullptr;
+    if (event->type() == QEvent::ContextMenu && watched == m_ui->rogu) {
+        const auto* const asked = static_cast<QContextMenuEvent*>(event);
+        if (asked->reason() != QContextMenuEvent::Mouse) // the mouse has had its menu already
+            RightMenu(asked->globalPos());
+        return true;
+    }
+    if (!mouse)
+        return QWidget::eventFilter(watched, event);
+    if (event->type() == QEvent::MouseButtonPress && mouse->button() == Qt::RightButton) {
+        RightMenu(mouse->globalPosition().toPoint());
+        return true;
+    }
+    if (event->type() == QEvent::MouseButtonPress && mouse->button() == Qt::LeftButton
+        && mouse->modifiers().testFlag(Qt::ControlModifier)) {
+        m_dragged = true;
+        m_grip = mouse->globalPosition().toPoint() - pos();
+        return true;
+    }
+    if (event->type() == QEvent::MouseMove && m_dragged) {
+        Fmove(mouse->globalPosition().toPoint());
+        return true;
+    }
+    if (event->type() == QEvent::MouseButtonRelease && m_dragged) {
+        m_dragged = false;
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void logpreview::Fmove(const QPoint& screenPoint)
+{
+    move(screenPoint - m_grip);
+}
+
+void logpreview::closeEvent(QCloseEvent* event)
+{
+    QWidget::closeEvent(event);
+    if (event->isAccepted())
+        emit closed();
+}
+
+} // namespace records
