@@ -18,11 +18,6 @@ bool isDigit(QChar character)
     return character >= u'0' && character <= u'9';
 }
 
-bool isNumber(const QString& text)
-{
-    return !text.isEmpty() && std::all_of(text.begin(), text.end(), isDigit);
-}
-
 } // namespace
 
 DigitsLineEdit::DigitsLineEdit(QWidget* parent) : QLineEdit(parent)
@@ -36,7 +31,7 @@ void DigitsLineEdit::keyPressEvent(QKeyEvent* event)
     const QString typed = event->text();
     const bool types = !typed.isEmpty() && typed.front().isPrint()
         && !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
-    if (types && !isNumber(typed))
+    if (types && !std::ranges::all_of(typed, isDigit))
         return;
     QLineEdit::keyPressEvent(event);
 }
@@ -46,20 +41,37 @@ void DigitsLineEdit::focusOutEvent(QFocusEvent* event)
     QLineEdit::focusOutEvent(event);
     const bool leaves =
         event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason;
-    if (leaves && m_messages && !isNumber(text()))
-        // A box opened in here would mix up the change of focus that is going on.
-        QMetaObject::invokeMethod(this, &DigitsLineEdit::refuse, Qt::QueuedConnection);
+    if (leaves && m_messages) {
+        // A box opened in here would mix up the change of focus that is going on. The form may be
+        // closed by the very click that left the field.
+        QMetaObject::invokeMethod(
+            this, [this] { return isVisible() && judge(); }, Qt::QueuedConnection);
+    }
 }
 
-void DigitsLineEdit::refuse()
+bool DigitsLineEdit::judge()
 {
-    // The form may have been closed by the very click that left the field.
-    if (!isVisible() || isNumber(text()))
-        return;
+    if (!isModified() || !m_messages)
+        return true;
+    if (const std::optional<QString> plain = text::plainNumber(text(), m_form)) {
+        if (*plain != text()) {
+            setText(*plain);
+            setModified(true);
+        }
+        return true;
+    }
+    setModified(false); // told once, however often it is asked while the box is open
     m_messages->warn(u"数字のみ入力して下さい。"_s);
     setText(u"0"_s);
+    setModified(true);
     setFocus(Qt::OtherFocusReason);
     selectAll();
+    return false;
+}
+
+QString DigitsLineEdit::plainText() const
+{
+    return text::plainNumber(text(), m_form).value_or(text());
 }
 
 } // namespace ui

@@ -3,9 +3,13 @@
 #include "core/data/messages.h"
 #include "core/data/opener.h"
 #include "customer/data/cases.h"
-#include "customer/data/log_list.h"
-#include "customer/screens/desk.h"
-#include "customer/screens/shortcut_desk.h"
+#include "customer/data/customers.h"
+#include "customer/data/logs.h"
+#include "customer/data/settings.h"
+#include "customer/data/shortcuts.h"
+#include "records/data/record_list.h"
+#include "records/screens/desk.h"
+#include "records/screens/shortcut_desk.h"
 #include "text/lines.h"
 #include "ui/twips.h"
 #include "ui/window_placement.h"
@@ -20,7 +24,8 @@ using namespace Qt::StringLiterals;
 
 namespace customer {
 
-johokokyaku::johokokyaku(const Desk& desk, const Settings& settings, QWidget* parent)
+johokokyaku::johokokyaku(const records::Desk& desk, const records::Settings& settings,
+                         QWidget* parent)
     : QWidget(parent, Qt::Tool),
       m_ui(std::make_unique<Ui::johokokyaku>()),
       m_desk(desk),
@@ -36,7 +41,7 @@ johokokyaku::johokokyaku(const Desk& desk, const Settings& settings, QWidget* pa
     large.setBold(true);
     m_ui->lblName->setFont(large);
     addInfoRows();
-    m_shortcuts = std::make_unique<ShortcutDesk>(desk, ShortcutOwner::Customer, *m_ui->ListView6,
+    m_shortcuts = std::make_unique<records::ShortcutDesk>(desk, customerFiles(), *m_ui->ListView6,
                                                  *m_ui->Command4, *m_ui->Command5,
                                                  u"顧客が選択されていません。"_s);
     m_ui->ListView3->setListModel(&m_logs);
@@ -52,56 +57,60 @@ johokokyaku::~johokokyaku() = default;
 
 void johokokyaku::addInfoRows()
 {
-    for (int i = 0; i < CustomerFieldCount; ++i) {
-        const QString column = customerColumn(static_cast<CustomerField>(i));
+    for (const QString& column : customerTexts()) {
         auto* const value = new QLabel(m_ui->info);
         value->setTextFormat(Qt::PlainText);
         value->setWordWrap(true);
         value->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
         value->setAccessibleName(column);
         m_ui->infoRows->addRow(column, value);
-        m_values[static_cast<std::size_t>(i)] = value;
+        m_values.push_back(value);
     }
 }
 
 bool johokokyaku::showCustomer(const core::RecordKey& key)
 {
-    const std::optional<KeptCustomer> kept = readCustomer(m_desk.file, key);
-    if (!kept)
+    const std::optional<records::Record> customer =
+        records::readRecord(m_desk.file, customerTable(), key);
+    if (!customer)
         return false;
-    if (kept->key.updateId != m_kept.key.updateId)
+    if (customer->key.updateId != m_kept.key.updateId)
         showLogs({}, {});
-    fill(*kept);
+    fill(*customer);
     return true;
 }
 
 bool johokokyaku::showCase(const core::RecordKey& key)
 {
-    const std::optional<KeptCase> kept = readCase(m_desk.file, key);
-    const std::optional<KeptCustomer> owner =
-        kept ? readOwner(m_desk.file, kept->customerId, kept->key.mark) : std::nullopt;
+    const std::optional<records::Record> ofCase =
+        records::readRecord(m_desk.file, caseTable(), key);
+    const std::optional<records::Record> owner = ofCase
+        ? readOwner(m_desk.file, ofCase->number(u"ユーザーID"), ofCase->key.mark)
+        : std::nullopt;
     if (!owner)
         return false;
     fill(*owner);
-    showLogs(kept->key, kept->fields.title);
+    showLogs(ofCase->key, ofCase->text(u"件名"));
     return true;
 }
 
-void johokokyaku::fill(const KeptCustomer& kept)
+void johokokyaku::fill(const records::Record& customer)
 {
-    const bool another = kept.key.updateId != m_kept.key.updateId;
-    m_kept = kept;
-    m_ui->lblName->setText(kept.fields.texts[DisplayName]);
-    const QString copies = kept.fields.texts[DisplayName] + u" の内容をコピー"_s;
+    const bool another = customer.key.updateId != m_kept.key.updateId;
+    m_kept = customer;
+    const QString name = customer.text(u"表示名");
+    m_ui->lblName->setText(name);
+    const QString copies = name + u" の内容をコピー"_s;
     m_ui->UserText->setAccessibleName(copies);
     // A tip would take a name like <b> for marked-up text.
     m_ui->UserText->setToolTip(u"<qt>"_s + copies.toHtmlEscaped() + u"</qt>"_s);
     for (std::size_t i = 0; i < m_values.size(); ++i)
-        m_values[i]->setText(text::toWidgetLines(kept.fields.texts[i]));
-    m_ui->MAIL->setEnabled(!kept.fields.texts[Email].isEmpty());
-    m_ui->URL->setEnabled(!kept.fields.texts[WebAddress].isEmpty());
+        m_values[i]->setText(
+            text::toWidgetLines(customer.text(customerTexts().at(static_cast<qsizetype>(i)))));
+    m_ui->MAIL->setEnabled(!customer.text(u"E-MAIL").isEmpty());
+    m_ui->URL->setEnabled(!customer.text(u"URL").isEmpty());
     if (another)
-        m_shortcuts->showOwner(kept.key);
+        m_shortcuts->showOwner(customer.key);
     else
         m_shortcuts->refill();
 }
@@ -114,11 +123,10 @@ void johokokyaku::showLogs(const core::RecordKey& ofCase, const QString& title)
         m_ui->ListView3->fill(nullptr);
         return;
     }
-    Settings all = m_settings;
-    all.logsShown = 0; // one page: there are no page keys here
-    const ListFilter filter = logsOfCase(ofCase, title);
+    const records::ListFilter filter = logsOfCase(ofCase, title);
     m_ui->lblRog->setText(filter.caption);
-    m_ui->ListView3->fill(openLogList(m_desk.file, filter, std::nullopt, all));
+    // On one page: there are no page keys here.
+    m_ui->ListView3->fill(records::openWholeList(m_desk.file, logList(), filter, m_settings));
 }
 
 void johokokyaku::refill()
@@ -133,8 +141,8 @@ void johokokyaku::refill()
 
 void johokokyaku::moveToKeptPlace()
 {
-    const QPoint kept(ui::pixelsFromTwips(m_settings.detailLeft),
-                      ui::pixelsFromTwips(m_settings.detailTop));
+    const QPoint kept(ui::pixelsFromTwips(m_settings[settings::DetailLeft]),
+                      ui::pixelsFromTwips(m_settings[settings::DetailTop]));
     const QRect wanted(kept, size());
     QRect seen = ui::fitInto(ui::areaFor(*this, wanted), wanted);
     // A place that was never saved is 0, 0, where the window would hide the index.
@@ -145,12 +153,12 @@ void johokokyaku::moveToKeptPlace()
 
 void johokokyaku::MAIL_Click()
 {
-    openTarget(u"mailto:"_s + m_kept.fields.texts[Email]);
+    openTarget(u"mailto:"_s + m_kept.text(u"E-MAIL"));
 }
 
 void johokokyaku::URL_Click()
 {
-    openTarget(m_kept.fields.texts[WebAddress]);
+    openTarget(m_kept.text(u"URL"));
 }
 
 void johokokyaku::openTarget(const QString& target)
@@ -160,7 +168,7 @@ void johokokyaku::openTarget(const QString& target)
 
 void johokokyaku::UserText_Click()
 {
-    QGuiApplication::clipboard()->setText(customerText(m_kept.fields));
+    QGuiApplication::clipboard()->setText(customerText(m_kept));
 }
 
 void johokokyaku::keyPressEvent(QKeyEvent* event)

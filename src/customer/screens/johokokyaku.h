@@ -1,15 +1,20 @@
 #pragma once
 
-#include "customer/data/customers.h"
-#include "customer/data/settings.h"
+#include "records/data/record_table.h"
+#include "records/data/settings.h"
 #include "ui/paged_list_model.h"
 
 #include <QWidget>
 
-#include <array>
 #include <memory>
+#include <vector>
 
 class QLabel;
+
+namespace records {
+struct Desk;
+class ShortcutDesk;
+} // namespace records
 
 namespace Ui {
 class johokokyaku;
@@ -17,15 +22,12 @@ class johokokyaku;
 
 namespace customer {
 
-struct Desk;
-class ShortcutDesk;
-
 // The floating window with all details of the customer that is selected on the main screen.
 class johokokyaku : public QWidget {
     Q_OBJECT
 
 public:
-    johokokyaku(const Desk& desk, const Settings& settings, QWidget* parent);
+    johokokyaku(const records::Desk& desk, const records::Settings& settings, QWidget* parent);
     ~johokokyaku() override;
 
     // Fills the window from a customer. False when the customer is no longer there; the window then
@@ -51,19 +53,19 @@ private:
     void URL_Click();
     void UserText_Click();
     void addInfoRows();
-    void fill(const KeptCustomer& kept);
+    void fill(const records::Record& customer);
     void showLogs(const core::RecordKey& ofCase, const QString& title);
     void openTarget(const QString& target);
 
     std::unique_ptr<Ui::johokokyaku> m_ui;
-    const Desk& m_desk;
-    const Settings& m_settings;
-    std::unique_ptr<ShortcutDesk> m_shortcuts;
+    const records::Desk& m_desk;
+    const records::Settings& m_settings;
+    std::unique_ptr<records::ShortcutDesk> m_shortcuts;
     ui::PagedListModel m_items; // their screens come later: the places are kept, empty
     ui::PagedListModel m_deliveries;
     ui::PagedListModel m_logs;
-    std::array<QLabel*, CustomerFieldCount> m_values{};
-    KeptCustomer m_kept;
+    std::vector<QLabel*> m_values; // one for each of the customer's texts
+    records::Record m_kept;
     core::RecordKey m_case; // whose logs are shown; none: no case was chosen
 };
 

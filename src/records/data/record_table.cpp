@@ -122,6 +122,34 @@ bool setAll(storage::Recordset& row, const FieldValues& fields)
         fields, [&row](const auto& field) { return row.setValue(field.first, field.second); });
 }
 
+const NumberColumn* numberColumn(const RecordTable& table, const QString& column)
+{
+    const auto found = std::ranges::find(table.numbers, column, &NumberColumn::column);
+    return found == table.numbers.cend() ? nullptr : &*found;
+}
+
+// Numbers as they are kept; the other values as they are.
+FieldValues keptForm(const RecordTable& table, FieldValues values)
+{
+    for (auto& [column, value] : values) {
+        if (const NumberColumn* const number = numberColumn(table, column))
+            value = text::plainNumber(value.toText(), number->form).value_or(value.toText());
+    }
+    return values;
+}
+
+// Tells the user what is wrong with the values, if anything is.
+bool isRefused(Database& data, const RecordTable& table, const FieldValues& entered,
+               const FieldValues& edited)
+{
+    const std::optional<Refusal> refusal = refusalOf(table, entered, edited);
+    if (refusal) {
+        data.messages.show(refusal->style, refusal->message,
+                           QString::fromUtf16(core::AppTitleText));
+    }
+    return refusal.has_value();
+}
+
 FieldValues derivedOf(Database& data, const RecordTable& table, const FieldValues& row)
 {
     return table.derived ? table.derived(row, data.clock.now()) : FieldValues{};
@@ -173,20 +201,26 @@ std::optional<Record> readOrTell(Database& data, const RecordTable& table,
     return readOrTell(data, [&] { return readRecord(data, table, key); });
 }
 
-std::optional<Refusal> refusedBy(Database& data, const RecordTable& table,
-                                 const FieldValues& entered)
+std::optional<Refusal> refusalOf(const RecordTable& table, const FieldValues& entered,
+                                 const FieldValues& edited)
 {
-    const std::optional<Refusal> refusal = table.refusal ? table.refusal(entered) : std::nullopt;
-    if (refusal)
-        data.messages.refuse(refusal->message);
-    return refusal;
+    if (const std::optional<Refusal> refusal =
+            table.refusal ? table.refusal(entered) : std::nullopt)
+        return refusal;
+    for (const auto& [column, value] : edited) {
+        const NumberColumn* const number = numberColumn(table, column);
+        if (number && !text::plainNumber(value.toText(), number->form)) {
+            return Refusal{u"数字のみ入力して下さい。"_s, column, core::MessageStyle::Exclamation};
+        }
+    }
+    return std::nullopt;
 }
 
 SaveResult addRecord(Database& data, const RecordTable& table,
                      const QList<core::RecordKey>& parents, const FieldValues& entered,
                      Record* added)
 {
-    if (refusedBy(data, table, entered))
+    if (isRefused(data, table, entered, entered))
         return SaveResult::Refused;
     Q_ASSERT(parents.size() == table.parents.size());
     bool parentGone = false;
@@ -202,7 +236,7 @@ SaveResult addRecord(Database& data, const RecordTable& table,
                 return false;
             values += *kept;
         }
-        values += entered;
+        values += keptForm(table, entered);
         values += derivedOf(data, table, values);
         return appendNumbered(data, table.name, table.numbering, table.idColumn, values,
                               [&](const auto& row) { record = recordOf(table, row); })
@@ -224,19 +258,20 @@ SaveResult addRecord(Database& data, const RecordTable& table,
 SaveResult changeRecord(Database& data, const RecordTable& table, const core::RecordKey& key,
                         const FieldValues& entered, const FieldValues& shown, Record* changed)
 {
-    if (refusedBy(data, table, entered))
-        return SaveResult::Refused;
     const FieldValues edited = editedOf(entered, shown);
+    if (isRefused(data, table, entered, edited))
+        return SaveResult::Refused;
+    const FieldValues written = keptForm(table, edited);
     return saveResultOf(runChecked(
         data, table.rowQuery.with(key), key.stamp, core::SaveFailedText, [&](storage::Recordset& row) {
-            if (!setAll(row, edited)
+            if (!setAll(row, written)
                 || !putFields(data, row, derivedOf(data, table, recordOf(table, row).fields))
                 || !row.update())
                 return false;
-            const Record written = recordOf(table, row);
+            const Record after = recordOf(table, row);
             if (changed)
-                *changed = written;
-            return touch(data, table, written);
+                *changed = after;
+            return touch(data, table, after);
         }));
 }
 

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "core/data/messages.h"
 #include "core/data/record_key.h"
 #include "records/data/database.h"
 #include "records/data/fields.h"
 #include "records/data/keyed_text.h"
 #include "records/data/numbering.h"
+#include "text/numbers.h"
 
 #include <QDateTime>
 #include <QString>
@@ -69,6 +71,13 @@ struct TouchedRow {
 struct Refusal {
     QString message;
     QString column; // where it is to be mended
+    core::MessageStyle style = core::MessageStyle::Critical;
+};
+
+// A column that takes numbers only. They are kept in plain half-width digits.
+struct NumberColumn {
+    QString column;
+    text::NumberForm form = text::NumberForm::Whole;
 };
 
 using Refusing = std::function<std::optional<Refusal>(const FieldValues& entered)>;
@@ -90,6 +99,7 @@ struct RecordTable {
     QList<TouchedRow> touched = {};
     Cascade cascade = {};
 
+    QList<NumberColumn> numbers = {};
     // Whether what was entered may be saved; may be empty: everything may.
     Refusing refusal = {};
     // What is written besides: 最近更新日時, and whatever follows from the row as it will stand; may
@@ -106,9 +116,9 @@ std::optional<Record> readRecord(Database& data, const RecordTable& table, const
 std::optional<Record> readOrTell(Database& data, const RecordTable& table,
                                  const core::RecordKey& key);
 
-// Whether the values may be saved; the user is told what is wrong.
-std::optional<Refusal> refusedBy(Database& data, const RecordTable& table,
-                                 const FieldValues& entered);
+// What the table's rules have against the values; numbers are judged where they were edited.
+std::optional<Refusal> refusalOf(const RecordTable& table, const FieldValues& entered,
+                                 const FieldValues& edited);
 
 // Appends a record under its parents, whose IDs and marks stand in `parents` in the order of the
 // table's. The first parent that is gone is told. `added` receives the record as it was written.

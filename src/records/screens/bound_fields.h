@@ -15,6 +15,10 @@ class QPlainTextEdit;
 class QTimeEdit;
 class QWidget;
 
+namespace ui {
+class DigitsLineEdit;
+}
+
 namespace records {
 
 // The widgets of a form and the columns that they show. Texts have CR LF line ends in the record
@@ -23,6 +27,8 @@ namespace records {
 class BoundFields {
 public:
     void bind(QLineEdit* field, const QString& column);
+    // Numbers: text that can be read as one is given in plain digits.
+    void bind(ui::DigitsLineEdit* field, const QString& column);
     void bind(QPlainTextEdit* field, const QString& column);
     // A value that is not among the offered ones is added to them: it is shown as it is stored.
     void bind(QComboBox* field, const QString& column);
@@ -36,6 +42,8 @@ public:
     void fill(const FieldValues& record) const;
     // What the fields hold, by column, in the order in which they were bound.
     FieldValues values() const;
+    // Judges the fields of numbers that were edited; false when one was refused.
+    bool judgeNumbers() const;
     // The widget of a column; null when none shows it.
     QWidget* widgetOf(const QString& column) const;
 
@@ -47,6 +55,7 @@ private:
         std::function<storage::Value()> value;
     };
     std::vector<Bound> m_bound;
+    std::vector<ui::DigitsLineEdit*> m_numbers;
 };
 
 } // namespace records

@@ -2,7 +2,6 @@
 
 #include "core/data/messages.h"
 #include "records/screens/drafts.h"
-#include "ui/enter_moves_on.h"
 
 #include <QCheckBox>
 #include <QPushButton>
@@ -13,75 +12,83 @@ using namespace Qt::StringLiterals;
 namespace records {
 namespace {
 
-const QString AddCaption = u"追　加"_s;
 const QString ChangeCaption = u"更　新"_s;
 const QString EmptyCaption = u"初期化"_s;
 const QString DeleteCaption = u"削　除"_s;
-const QString DraftQuestion =
-    u"前回、保存されずに閉じた入力があります。\r\n続きから入力しますか？"_s;
+const QString DraftQuestion = u"前回、保存されずに閉じた入力があります。\r\n"
+                              "続きから入力しますか？"_s;
 
 } // namespace
 
-EditForm::EditForm(core::Messages& messages, Drafts& drafts, QWidget* parent)
-    : QDialog(parent), m_messages(messages), m_drafts(drafts)
+EditForm::EditForm(const Desk& desk, const RecordTable& table, Opening opening, QWidget* parent)
+    : QDialog(parent), m_desk(desk), m_table(table), m_opening(std::move(opening))
 {
     setWindowModality(Qt::WindowModal);
 }
 
-void EditForm::initialize(const Controls& controls, bool adding)
+void EditForm::initialize(const Controls& controls, const QString& name)
 {
     m_controls = controls;
-    m_controls.Command1->setText(adding ? AddCaption : ChangeCaption);
-    m_controls.Command2->setText(adding ? EmptyCaption : DeleteCaption);
+    m_name = name;
+    if (!m_opening.caption.isEmpty())
+        setWindowTitle(m_opening.caption);
+    m_controls.Command1->setText(isAdding() ? m_controls.addCaption : ChangeCaption);
+    m_controls.Command1->setToolTip(u"Ctrl+S"_s);
+    connect(m_controls.Command1, &QPushButton::clicked, this, &EditForm::Command1_Click);
+    if (m_controls.Command2) {
+        m_controls.Command2->setText(isAdding() ? EmptyCaption : DeleteCaption);
+        connect(m_controls.Command2, &QPushButton::clicked, this, &EditForm::Command2_Click);
+    }
+    connect(m_controls.Command3, &QPushButton::clicked, this, &QDialog::reject);
     for (QPushButton* const button :
          {m_controls.Command1, m_controls.Command2, m_controls.Command3}) {
+        if (!button)
+            continue;
         button->setAccessibleName(button->text().remove(u'　'));
         button->setAutoDefault(false);
     }
     if (m_controls.chkrenzo)
-        m_controls.chkrenzo->setVisible(adding);
-    connect(m_controls.Command1, &QPushButton::clicked, this, &EditForm::Command1_Click);
-    connect(m_controls.Command2, &QPushButton::clicked, this, &EditForm::Command2_Click);
-    connect(m_controls.Command3, &QPushButton::clicked, this, &QDialog::reject);
+        m_controls.chkrenzo->setVisible(isAdding());
     for (const QKeySequence& key :
          {QKeySequence(QKeySequence::Save), QKeySequence(Qt::CTRL | Qt::Key_Return)})
         connect(new QShortcut(key, this), &QShortcut::activated, m_controls.Command1,
                 &QPushButton::click);
-    m_controls.Command1->setToolTip(u"Ctrl+S"_s);
     m_empty = state();
-}
-
-void EditForm::recordShown(const QString& draft)
-{
-    m_draft = draft;
+    if (m_opening.record)
+        m_fields.fill(m_opening.record->fields);
+    m_filled = m_fields.values();
     m_shown = state();
     m_controls.first->setFocus();
-    offerDraft(m_draft);
+    offerDraft(draftName());
     if (isAdding() && !isChanged())
         offerDraft(orphanedDraft());
 }
 
+// A new record is known by what it belongs to and by what it was copied from.
+QString EditForm::draftName() const
+{
+    QString name = m_name + (isAdding() ? u" +"_s : u" "_s);
+    for (const core::RecordKey& parent : m_opening.parents)
+        name += QString::number(parent.updateId) + u' ';
+    return m_opening.record ? name + QString::number(m_opening.record->key.updateId) : name;
+}
+
 QString EditForm::orphanedDraft() const
 {
-    return m_draft.section(u' ', 0, 0) + u" *"_s;
+    return m_name + u" *"_s;
 }
 
 void EditForm::offerDraft(const QString& name)
 {
-    const std::optional<FormState> draft = m_drafts.find(name);
+    const std::optional<FormState> draft = m_desk.drafts.find(name);
     if (!draft)
         return;
-    if (m_messages.show(core::MessageStyle::InformationYesNo, DraftQuestion,
-                        QString::fromUtf16(core::AppTitleText))
+    if (m_desk.file.messages.show(core::MessageStyle::InformationYesNo, DraftQuestion,
+                                  QString::fromUtf16(core::AppTitleText))
         == core::Answer::Yes) {
         draft->applyTo(*this);
     }
-    m_drafts.drop(name);
-}
-
-bool EditForm::isAdding() const
-{
-    return m_controls.Command1->text() == AddCaption;
+    m_desk.drafts.drop(name);
 }
 
 bool EditForm::isChanged() const
@@ -95,8 +102,27 @@ FormState EditForm::state() const
     return FormState::of(*this, {m_controls.chkrenzo});
 }
 
+SaveResult EditForm::save()
+{
+    Record written;
+    const SaveResult result = isAdding()
+        ? addRecord(m_desk.file, m_table, m_opening.parents, m_fields.values(), &written)
+        : changeRecord(m_desk.file, m_table, m_opening.record->key, m_fields.values(), m_filled,
+                       &written);
+    if (result == SaveResult::Saved)
+        m_saved = written;
+    return result;
+}
+
+DeleteResult EditForm::remove()
+{
+    return removeRecord(m_desk.file, m_table, m_opening.record->key);
+}
+
 void EditForm::Command1_Click()
 {
+    if (!m_fields.judgeNumbers())
+        return;
     const SaveResult result = save();
     m_orphaned = result == SaveResult::Gone || result == SaveResult::NoParent;
     switch (result) {
@@ -108,13 +134,21 @@ void EditForm::Command1_Click()
         reject(); // the list is out of date: what was typed is kept for the next opening
         return;
     case SaveResult::Refused:
-        if (QWidget* const field = refusedField())
-            field->setFocus();
+        focusRefused();
         return;
     case SaveResult::NoParent:
     case SaveResult::Failed:
         return;
     }
+}
+
+void EditForm::focusRefused()
+{
+    const FieldValues entered = m_fields.values();
+    const std::optional<Refusal> refusal = refusalOf(
+        m_table, entered, isAdding() ? entered : editedOf(entered, m_filled));
+    if (QWidget* const field = refusal ? m_fields.widgetOf(refusal->column) : nullptr)
+        field->setFocus();
 }
 
 void EditForm::saved()
@@ -164,9 +198,9 @@ void EditForm::done(int result)
     // What was not edited is left out: another copy may have changed it meanwhile. A record that is
     // gone is kept whole.
     if (isChanged() && m_orphaned)
-        m_drafts.keep(orphanedDraft(), state());
+        m_desk.drafts.keep(orphanedDraft(), state());
     else if (isChanged())
-        m_drafts.keep(m_draft, state().changedFrom(m_shown));
+        m_desk.drafts.keep(draftName(), state().changedFrom(m_shown));
     QDialog::done(result);
     // After a message box the window system may have forgotten which window was used before.
     if (parentWidget())

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "records/data/schedule.h"
 #include "records/screens/edit_form.h"
 
 #include <memory>
@@ -20,24 +19,11 @@ public:
     ~upyotei() override;
 
 protected:
-    // A new entry, proposed for a day.
-    upyotei(DataFile& file, Drafts& drafts, QDate day, QWidget* parent);
-    // An entry that is there, with the key that the list showed.
-    upyotei(DataFile& file, Drafts& drafts, const KeptScheduleEntry& kept,
-            QWidget* parent);
-
-    SaveResult save() override;
-    DeleteResult remove() override;
-    QWidget* refusedField() override;
+    // A new entry is proposed for the opening's day. `name`: the screen's.
+    upyotei(const Desk& desk, const Opening& opening, const QString& name, QWidget* parent);
 
 private:
-    upyotei(DataFile& file, Drafts& drafts, QWidget* parent, QDate day, bool adding);
-    ScheduleEntry entry() const;
-
     std::unique_ptr<Ui::upyotei> m_ui;
-    DataFile& m_file;
-    KeptScheduleEntry m_kept; // while changing
-    ScheduleEntry m_filled;   // what the fields showed of it
 };
 
 } // namespace records

@@ -4,7 +4,8 @@
 
 namespace repair {
 
-clogpreview::clogpreview(RepairFile& file, QWidget* parent) : logpreview(file, logTable(), parent)
+clogpreview::clogpreview(RepairFile& file, QWidget* parent)
+    : logpreview(file, previewedLogs(), parent)
 {
 }
 

@@ -2,14 +2,8 @@
 
 namespace repair {
 
-upcyotei::upcyotei(RepairFile& file, records::Drafts& drafts, QDate day, QWidget* parent)
-    : upyotei(file, drafts, day, parent)
-{
-}
-
-upcyotei::upcyotei(RepairFile& file, records::Drafts& drafts, const records::KeptScheduleEntry& kept,
-                   QWidget* parent)
-    : upyotei(file, drafts, kept, parent)
+upcyotei::upcyotei(const records::Desk& desk, const records::Opening& opening, QWidget* parent)
+    : upyotei(desk, opening, QStringLiteral("upcyotei"), parent)
 {
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "records/screens/upyotei.h"
-#include "repair/data/repair_file.h"
 
 namespace repair {
 
@@ -10,9 +9,7 @@ class upcyotei : public records::upyotei {
     Q_OBJECT
 
 public:
-    upcyotei(RepairFile& file, records::Drafts& drafts, QDate day, QWidget* parent);
-    upcyotei(RepairFile& file, records::Drafts& drafts, const records::KeptScheduleEntry& kept,
-             QWidget* parent);
+    upcyotei(const records::Desk& desk, const records::Opening& opening, QWidget* parent);
 };
 
 } // namespace repair
