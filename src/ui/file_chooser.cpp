@@ -1,5 +1,7 @@
 #include "ui/file_chooser.h"
 
+#include "ui/deletion_hold.h"
+
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -28,6 +30,7 @@ QString dialogFilter(const QString& filter)
 
 QString FileDialogs::chooseFile(QWidget* parent, const QString& title, const QString& filter)
 {
+    const DeletionHold hold(parent);
     const QString path = QFileDialog::getOpenFileName(
         parent, title, m_lastFolder.isEmpty() ? QDir::homePath() : m_lastFolder,
         dialogFilter(filter));

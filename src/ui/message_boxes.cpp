@@ -1,5 +1,6 @@
 #include "ui/message_boxes.h"
 
+#include "ui/deletion_hold.h"
 #include "ui/enter_moves_on.h"
 
 #include <QAbstractButton>
@@ -96,7 +97,9 @@ Answer MessageBoxes::show(MessageStyle style, const QString& text, const QString
                           const QString& details)
 {
     const Look look = lookOf(style);
-    QMessageBox box(look.icon, title, text, look.buttons, QApplication::activeWindow());
+    QWidget* const below = QApplication::activeWindow();
+    const DeletionHold hold(below);
+    QMessageBox box(look.icon, title, text, look.buttons, below);
     box.setTextFormat(Qt::PlainText); // names of customers may look like mark-up
     nameButtons(box);
     addDetails(box, details);
@@ -112,7 +115,9 @@ Answer MessageBoxes::show(MessageStyle style, const QString& text, const QString
 std::optional<QString> MessageBoxes::askText(const QString& prompt, const QString& title,
                                              bool secret)
 {
-    QInputDialog dialog(QApplication::activeWindow());
+    QWidget* const below = QApplication::activeWindow();
+    const DeletionHold hold(below);
+    QInputDialog dialog(below);
     dialog.setWindowTitle(title);
     dialog.setLabelText(prompt);
     // Hidden, but not while it is typed: passwords may hold kana, and the input method needs that.

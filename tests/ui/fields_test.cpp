@@ -134,17 +134,57 @@ TEST_F(DigitsLineEditTest, TakesDigitsAndBackspaceOnly)
     EXPECT_TRUE(messages.takeBoxes().isEmpty());
 }
 
-TEST_F(DigitsLineEditTest, LooksAtPastedTextWhenItIsLeft)
+// As it comes by the clipboard or by the input method.
+void edit(QLineEdit& field, const QString& text)
 {
-    for (const QString& pasted : {u"1,200"_s, u"１２"_s, u""_s, u"-5"_s}) {
-        price.setText(pasted);
+    field.clear();
+    field.insert(text);
+    field.setModified(true);
+}
+
+TEST_F(DigitsLineEditTest, LooksAtEditedTextWhenItIsLeft)
+{
+    struct Case {
+        text::NumberForm form;
+        QString edited, kept; // "0": refused
+    };
+    using enum text::NumberForm;
+    const Case cases[] = {
+        {Whole, u"1,200"_s, u"1200"_s},
+        {Whole, u"１２"_s, u"12"_s},
+        {Whole, u"−５"_s, u"-5"_s},
+        {Decimal, u"+1,234.5"_s, u"1234.5"_s},
+        {Whole, u"1.5"_s, u"0"_s},
+        {Whole, u"12a"_s, u"0"_s},
+        {Whole, u""_s, u"0"_s},
+        {Whole, u"2147483648"_s, u"0"_s},
+        {Decimal, u"1234567890123456"_s, u"0"_s},
+        {Decimal, u"12,34"_s, u"0"_s},
+    };
+    for (const Case& each : cases) {
+        price.setForm(each.form);
+        price.setFocus();
+        edit(price, each.edited);
         other.setFocus();
         QTest::qWait(0);
-        const QList<ScriptedMessages::Box> expected{{48, u"数字のみ入力して下さい。"_s}};
-        EXPECT_EQ(messages.takeBoxes(), expected) << pasted.toStdString();
-        EXPECT_EQ(price.text(), u"0"_s);
-        EXPECT_EQ(QApplication::focusWidget(), &price);
+        EXPECT_EQ(price.text(), each.kept) << each.edited.toStdString();
+        const bool refused = each.kept == u"0"_s;
+        QList<ScriptedMessages::Box> expected;
+        if (refused)
+            expected.append({48, u"数字のみ入力して下さい。"_s});
+        EXPECT_EQ(messages.takeBoxes(), expected) << each.edited.toStdString();
+        EXPECT_EQ(QApplication::focusWidget(), refused ? static_cast<QWidget*>(&price) : &other);
     }
+}
+
+TEST_F(DigitsLineEditTest, LeavesWhatWasNotEdited)
+{
+    price.setText(u"12a"_s); // stored so by someone else
+    other.setFocus();
+    QTest::qWait(0);
+    EXPECT_EQ(price.text(), u"12a"_s);
+    EXPECT_TRUE(price.judge());
+    EXPECT_TRUE(messages.takeBoxes().isEmpty());
 }
 
 TEST(DatePicker, ShowsTheStoredTextOnAnyMachine)

@@ -5,10 +5,12 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDialog>
 #include <QInputDialog>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPointer>
 #include <QTest>
 #include <QTextEdit>
 #include <QTimer>
@@ -52,6 +54,25 @@ QStringList buttonTexts(const QMessageBox& box)
         texts.append(button->text());
     texts.sort();
     return texts;
+}
+
+// An assistive tool can press a button of a window behind the box.
+TEST(MessageBoxes, OutliveTheWindowThatTheyStandOver)
+{
+    QPointer<QDialog> form = new QDialog;
+    form->setAttribute(Qt::WA_DeleteOnClose);
+    form->show();
+    QApplication::setActiveWindow(form);
+    ui::MessageBoxes messages;
+    const auto closing = onModal<QMessageBox>([form](QMessageBox& box) {
+        form->reject();
+        QCoreApplication::processEvents();
+        QTimer::singleShot(20, &box, [&box] { box.button(QMessageBox::Yes)->click(); });
+    });
+    EXPECT_TRUE(messages.confirm(u"削除しますか？"_s));
+    EXPECT_FALSE(form.isNull());
+    QTest::qWait(0);
+    EXPECT_TRUE(form.isNull()) << "it goes when the box has gone";
 }
 
 TEST(MessageBoxes, HaveTheStylesIconAndButtons)

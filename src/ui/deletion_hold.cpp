@@ -1,0 +1,30 @@
+#include "ui/deletion_hold.h"
+
+#include <QEvent>
+#include <QWidget>
+
+namespace ui {
+
+DeletionHold::DeletionHold(QWidget* window)
+{
+    for (; window; window = window->parentWidget())
+        window->installEventFilter(this);
+}
+
+DeletionHold::~DeletionHold()
+{
+    for (const QPointer<QObject>& window : m_putOff) {
+        if (window)
+            window->deleteLater();
+    }
+}
+
+bool DeletionHold::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::DeferredDelete)
+        return QObject::eventFilter(watched, event);
+    m_putOff.emplace_back(watched);
+    return true;
+}
+
+} // namespace ui
