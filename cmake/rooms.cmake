@@ -1,6 +1,6 @@
-# corvane_room(NAME PATH folder [WIDGETS] USES target... PRIVATE_USES target...)
-#   One static library of all sources under the folder. A room without sources is left out, and
-#   targets that use it go without it. WIDGETS: moc, uic and rcc run over it.
+# corvane_room(NAME PATH folder [WIDGETS] [LATER] USES target... PRIVATE_USES target...)
+#   One static library of all sources under the folder. WIDGETS: moc, uic and rcc run over it.
+#   LATER: it may have no sources yet; it is left out then, and targets that use it go without it.
 # corvane_tests(NAME [PATH folder] [WITH folder] [WIDGETS] [USES target...] [RUNS program...])
 #   One test program NAME_tests of the sources under tests/ that mirror the room's folder.
 #   Without PATH, NAME is a room and its tests may use what it uses. RUNS: built beforehand. WITH:
@@ -9,12 +9,16 @@
 define_property(TARGET PROPERTY CORVANE_PATH BRIEF_DOCS "Folder of a room")
 define_property(TARGET PROPERTY CORVANE_WIDGETS BRIEF_DOCS "Whether a room has widgets")
 
-# Keeps of `names` what is there: rooms that have sources, and libraries from outside.
+# Keeps of `names` what is there: rooms that have sources, and libraries from outside. A name that
+# is neither there nor that of a room without sources is mistyped.
 function(corvane_existing out)
     set(found)
+    get_property(left_out GLOBAL PROPERTY CORVANE_LEFT_OUT)
     foreach(name IN LISTS ARGN)
         if(TARGET ${name})
             list(APPEND found ${name})
+        elseif(NOT name IN_LIST left_out)
+            message(FATAL_ERROR "There is no room, program or library named ${name}.")
         endif()
     endforeach()
     set(${out} ${found} PARENT_SCOPE)
@@ -55,13 +59,17 @@ function(corvane_use_qt_generators target)
 endfunction()
 
 function(corvane_room name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "WIDGETS" "PATH" "USES;PRIVATE_USES")
-    corvane_sources(sources ${arg_PATH})
-    if(NOT sources)
-        return()
-    endif()
+    cmake_parse_arguments(PARSE_ARGV 1 arg "WIDGETS;LATER" "PATH" "USES;PRIVATE_USES")
     corvane_existing(uses ${arg_USES})
     corvane_existing(private_uses ${arg_PRIVATE_USES})
+    corvane_sources(sources ${arg_PATH})
+    if(NOT sources)
+        if(NOT arg_LATER)
+            message(FATAL_ERROR "The room ${name} has no sources in ${arg_PATH}.")
+        endif()
+        set_property(GLOBAL APPEND PROPERTY CORVANE_LEFT_OUT ${name})
+        return()
+    endif()
     add_library(${name} STATIC ${sources})
     target_link_libraries(${name}
         PUBLIC ${uses} PRIVATE ${private_uses} $<BUILD_INTERFACE:corvane_options>)
@@ -143,7 +151,8 @@ function(corvane_tests name)
     endif()
     set(rooms ${arg_USES})
     if(NOT arg_PATH)
-        if(NOT TARGET ${name})
+        corvane_existing(there ${name})
+        if(NOT there)
             return()
         endif()
         get_target_property(path ${name} CORVANE_PATH)

@@ -1,6 +1,6 @@
 #include "app/program.h"
 #include "core/data/clock.h"
-#include "core/data/main_database.h"
+#include "core/data/start_up.h"
 #include "core/data/program_folder.h"
 #include "core/data/program_version.h"
 #include "core/data/shared.h"

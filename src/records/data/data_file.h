@@ -40,9 +40,4 @@ struct DataFile : OwnConnection, Database {
 // closed and false is given.
 bool openDataFile(DataFile& file, const QString& path, storage::Mode mode);
 
-// Brings an open file of version 3.0.0 to 3.1.1, all of it or nothing; leaves files of any other
-// version alone. A statement that fails by itself (a column that is there already) is skipped.
-// False when the file or the machine does not allow it; the file is then as it was.
-bool upgradeDataFile(DataFile& file);
-
 } // namespace records
