@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds, and runs all checks and tests: once as built for daily work and
-# once under the address and undefined-behaviour sanitizers. With --quick only the first.
+# Installs what is missing, builds, and runs all checks and tests: under the address and
+# undefined-behaviour sanitizers, several sources compiled as one; with --quick as built for daily
+# work.
 set -uo pipefail
 cd "$(dirname "$(readlink -f "$0")")"
 . tools/packages.sh
@@ -51,15 +52,15 @@ export UBSAN_OPTIONS=print_stacktrace=1
 
 step "Packages" install_missing "$build_packages" "$run_packages" "$test_packages" \
     "$(packages_to_fetch)" || finish
+# clang-tidy reads each source with the flags of the daily build, whether or not that is built.
 step "Configure" cmake --preset dev --log-level=WARNING || finish
-step "Build" cmake --build --preset dev || finish
+step "Generate" cmake --build --preset dev --target generated || finish
 step "The checks check" python3 -m unittest discover --start-directory tests/tools
 step "Checks" tools/check.sh
-tests dev
-if [ "${1:-}" != --quick ]; then
-    step "Configure with sanitizers" cmake --preset asan --log-level=WARNING || finish
-    step "Build with sanitizers" cmake --build --preset asan || finish
-    tests asan
-fi
+preset=asan
+[ "${1:-}" != --quick ] || preset=dev
+step "Configure, $preset" cmake --preset $preset --log-level=WARNING || finish
+step "Build, $preset" cmake --build --preset $preset || finish
+tests $preset
 printf '\n== Done (%d s)\n' $((SECONDS - started))
 finish

@@ -56,6 +56,13 @@ function(corvane_use_qt_generators target)
     set_target_properties(${target} PROPERTIES
         AUTOMOC ON AUTOUIC ON AUTORCC ON
         AUTOUIC_EXECUTABLE ${PROJECT_BINARY_DIR}/uic_strict.sh)
+    set_property(GLOBAL APPEND PROPERTY CORVANE_GENERATED ${target}_autogen)
+endfunction()
+
+# The target generated: what uic, moc and rcc make, without compiling anything.
+function(corvane_generated)
+    get_property(targets GLOBAL PROPERTY CORVANE_GENERATED)
+    add_custom_target(generated DEPENDS ${targets})
 endfunction()
 
 function(corvane_room name)
@@ -115,6 +122,7 @@ function(corvane_room_test_support room)
     if(widgets)
         target_link_libraries(${room}_test_support PUBLIC Qt6::Test)
         set_target_properties(${room}_test_support PROPERTIES AUTOMOC ON)
+        set_property(GLOBAL APPEND PROPERTY CORVANE_GENERATED ${room}_test_support_autogen)
     endif()
 endfunction()
 
@@ -176,6 +184,7 @@ function(corvane_tests name)
     if(arg_WIDGETS)
         target_link_libraries(${name}_tests PRIVATE ${support} ${uses} test_main_widgets)
         set_target_properties(${name}_tests PROPERTIES AUTOMOC ON)
+        set_property(GLOBAL APPEND PROPERTY CORVANE_GENERATED ${name}_tests_autogen)
         set(environment QT_QPA_PLATFORM=offscreen)
     else()
         target_link_libraries(${name}_tests PRIVATE ${support} ${uses} test_main)

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString Password = QString::fromUtf16(core::DatabasePassword);
+const QString templatePassword = QString::fromUtf16(core::DatabasePassword);
 
 QString versionOf(storage::Connection& file, const QString& statement)
 {
@@ -35,14 +35,14 @@ TEST(Templates, AreWrittenInBothVersions)
                                                        {u"Care.mdb"_s, u"修理"_s}};
         for (const auto& [name, table] : addedTo) {
             storage::Connection file;
-            ASSERT_TRUE(file.open(folder.filePath(name), Password));
+            ASSERT_TRUE(file.open(folder.filePath(name), templatePassword));
             EXPECT_EQ(versionOf(file, u"SELECT ﾊﾞｰｼﾞｮﾝ FROM バージョン情報 WHERE [No] = 1"_s),
                       each.version);
             const int column = file.catalog().find(table)->indexOf(u"最近更新日時");
             EXPECT_EQ(column >= 0, each.hasAddedColumns);
         }
         storage::Connection main;
-        ASSERT_TRUE(main.open(folder.filePath(u"main.mdb"_s), Password));
+        ASSERT_TRUE(main.open(folder.filePath(u"main.mdb"_s), templatePassword));
         EXPECT_EQ(versionOf(main, u"SELECT ﾃﾞｰﾀ FROM main WHERE [No] = 5"_s), each.version);
     }
 }

@@ -19,7 +19,7 @@ int compare(const QByteArray& a, const QByteArray& b)
     return order != 0 ? order : static_cast<int>(a.size() - b.size());
 }
 
-QString fromCodePoint(char32_t c)
+QString ofCodePoint(char32_t c)
 {
     return QStringView(QChar::fromUcs4(c)).toString();
 }
@@ -37,11 +37,11 @@ QStringList awkwardTexts()
         u"\uE000"_s, u"\u3099\u0301"_s, u"ー\u3099"_s, u"Ω"_s,      u"( "_s};
     texts += QString(QChar(0));
     for (char32_t c = 0x20; c < 0x7F; ++c)
-        texts += fromCodePoint(c);
+        texts += ofCodePoint(c);
     for (char32_t c = 0x3041; c <= 0x30FF; ++c)
-        texts += fromCodePoint(c);
+        texts += ofCodePoint(c);
     for (char32_t c = 0xFF61; c <= 0xFF9F; ++c)
-        texts += fromCodePoint(c);
+        texts += ofCodePoint(c);
     return texts;
 }
 
@@ -112,7 +112,7 @@ TEST(FirstCharRange, NeverLeavesOutATextOfTheRange)
         ASSERT_TRUE(keys) << range.lo.toStdString();
         const auto folds = text::foldRange(lo, hi);
         for (char32_t c = lo; c <= hi; ++c) {
-            const QString first = fromCodePoint(c);
+            const QString first = ofCodePoint(c);
             if (text::fold(first) != first)
                 continue;
             for (const QString& tail : tails) {

@@ -82,6 +82,8 @@ def outside_qt_core(header):
 
 def check_include(path, room, quote, header):
     """What is wrong with one include of a file under src/, None when nothing is."""
+    if header.endswith(".cpp"):
+        return f'a source is compiled, not included: "{header}"'
     if quote == '"':
         target = room_of(header)
         if target and target != room and target not in ALLOWED[room]:

@@ -4,6 +4,9 @@ A source without findings is not looked at again until it, a header or form of o
 its flags, the settings or clang-tidy itself change; the marks of clean sources stand in the user's
 cache, where other checkouts find them too.
 
+Sources of one target are read as one, several at a time, as most of the work is in the headers that
+they share. Where something is found, or they cannot be read together, each is read by itself.
+
 Usage: tidy.py [ROOT [BUILD_FOLDER]]
 """
 
@@ -14,12 +17,16 @@ import json
 import os
 import pathlib
 import re
+import shlex
 import subprocess
 import sys
+import tempfile
 
 import common
 
 TIDY = "clang-tidy-14"
+BATCH = 12  # sources read as one
+USING = re.compile(r"^using (?:\w+::)+(\w+);", re.MULTILINE)
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 NOISE = re.compile(r"^\d+ warnings?( and \d+ errors?)? (generated|treated as errors?)\b.*"
                    r"|^(Suppressed|Use -header-filter).*|^Error while processing .*")
@@ -78,6 +85,56 @@ def key_of(sources, entry, build, versions):
     return hasher.hexdigest()
 
 
+def flags_of(entry):
+    """What a source is compiled with, but for its own name and that of its object."""
+    words = shlex.split(entry["command"])
+    start = next(i for i, word in enumerate(words) if re.search(r"(c|clang|g)\+\+[-\d]*$", word))
+    flags, words = [], iter(words[start + 1:])
+    for word in words:
+        if word in ("-o", "-c", "-MT", "-MF"):
+            next(words)
+        elif word != "-MD":
+            flags.append(word)
+    return tuple(flags)
+
+
+def batches(entries, pending):
+    """The pending sources, those with the same flags together, at most BATCH at a time."""
+    by_flags = {}
+    for path in pending:
+        by_flags.setdefault(flags_of(entries[path]), []).append(path)
+    return [(flags, paths[i:i + BATCH]) for flags, paths in by_flags.items()
+            for i in range(0, len(paths), BATCH)]
+
+
+def uses_what_it_names(path):
+    """Whether each name of a using declaration occurs again: read as one, another source may use it."""
+    text = common.text_of(path) or ""
+    return all(len(re.findall(rf"\b{name}\b", text)) > 1 for name in USING.findall(text))
+
+
+def are_clean(root, flags, paths):
+    """Whether sources that are read as one have no finding."""
+    if not all(uses_what_it_names(path) for path in paths):
+        return False
+    with tempfile.TemporaryDirectory() as folder:
+        whole = pathlib.Path(folder) / "whole.cpp"
+        # Backwards, as the build reads them forwards: an include that is missing may show in one.
+        whole.write_text("".join(f'#include "{path}"\n' for path in reversed(paths)))
+        done = subprocess.run([TIDY, "--quiet", f"--config-file={root}/.clang-tidy",
+                               "--checks=-bugprone-suspicious-include", str(whole), "--",
+                               *flags], cwd=root, capture_output=True, check=False)
+    return done.returncode == 0
+
+
+def tidy_batch(root, build, batch):
+    """The findings on each source of a batch, empty where there are none."""
+    flags, paths = batch
+    if len(paths) > 1 and are_clean(root, flags, paths):
+        return [(path, "") for path in paths]
+    return [(path, tidy(root, build, path)) for path in paths]
+
+
 def tidy(root, build, path):
     """The findings on one source as text, empty when there are none."""
     done = subprocess.run([TIDY, "-p", str(build), "--quiet", str(path)],
@@ -114,8 +171,8 @@ def main():
 
     failed, seen = 0, set()
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        findings = pool.map(functools.partial(tidy, root, build), pending)
-        for path, finding in zip(pending, findings):
+        done = pool.map(functools.partial(tidy_batch, root, build), batches(entries, pending))
+        for path, finding in (found for batch in done for found in batch):
             if finding:
                 failed += 1
                 if finding not in seen:

@@ -139,7 +139,7 @@ bool writeEntry(Shared& shared, const QString& name, const QString& password)
     return written;
 }
 
-bool openForChange(Shared& shared, const QString& statement)
+bool openRegistry(Shared& shared, const QString& statement)
 {
     shared.SqlText = statement;
     return shared.MainRecordset->open(statement, *shared.MainConnection,
@@ -149,7 +149,7 @@ bool openForChange(Shared& shared, const QString& statement)
 bool appendRow(Shared& shared, DataKind kind, const QString& name, const QString& password)
 {
     storage::Recordset& row = *shared.MainRecordset;
-    if (!openForChange(shared, u"main"_s))
+    if (!openRegistry(shared, u"main"_s))
         return false;
     if (row.addNew() && row.setValue(u"種類", rowKind(kind)))
         return writeEntry(shared, name, password);
@@ -234,7 +234,7 @@ Outcome changeEntry(Shared& shared, const DataFileEntry& selected, const QString
     const QString refusal = whyNotRenamed(shared, *ofKind, *before, newName);
     if (!refusal.isEmpty())
         return {Outcome::Refused, refusal};
-    const bool written = openForChange(shared, rowByNumber + QString::number(selected.number))
+    const bool written = openRegistry(shared, rowByNumber + QString::number(selected.number))
         && writeEntry(shared, newName, newPassword) && change.commit();
     return {written ? Outcome::Written : Outcome::Failed, {}};
 }

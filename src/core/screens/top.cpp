@@ -21,7 +21,7 @@ namespace {
 
 constexpr int ShownFor = 3000; // ms
 constexpr int BandHeight = 40;
-constexpr int Sign = 136;
+constexpr int LargeSign = 136;
 
 } // namespace
 
@@ -68,8 +68,8 @@ void top::paintEvent(QPaintEvent*)
     painter.fillRect(0, height() - BandHeight - 3, width(), 3, BrandAccent);
     painter.setPen(BrandDark);
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    const int above = (height() - BandHeight - Sign) / 2;
-    ui::icon(u"corvane"_s).paint(&painter, QRect(36, above, Sign, Sign));
+    const int above = (height() - BandHeight - LargeSign) / 2;
+    ui::icon(u"corvane"_s).paint(&painter, QRect(36, above, LargeSign, LargeSign));
 }
 
 void top::mousePressEvent(QMouseEvent*)

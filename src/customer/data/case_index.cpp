@@ -13,14 +13,14 @@ using records::ListFilter;
 
 namespace {
 
-const QString RecentOrder = u" ORDER BY 件名.最近更新日時 DESC"_s;
-const QString TextCondition =
+const QString RecentCasesFirst = u" ORDER BY 件名.最近更新日時 DESC"_s;
+const QString CasesWithText =
     u"WHERE (件名.登録日 & ユーザー.表示名 & 件名.件名 & 件名.備考 & "_s + u"件名.判定) Like '%"_s;
 const QString OpenCondition = u" WHERE"
                               " 件名.判定 = '続行'"_s;
 const QString FinishedCondition = u" WHERE"
                                   " 件名.判定 = '完了'"_s;
-const QString RecentCondition = u" WHERE "
+const QString RecentCases = u" WHERE "
                                 "(件名.最近更新日時 BETWEEN #"_s;
 
 } // namespace
@@ -69,14 +69,14 @@ ListFilter recentCases(const records::IndexContext& context)
     const int days = context.settings[settings::RecentCaseDays];
     const QString start = text::formatPlainDate(context.today.addDays(-days));
     const QString end = text::formatPlainDate(context.today);
-    return {RecentCondition + start + u" 00:00:00# AND #"_s + end + u" 23:59:59#)"_s, RecentOrder,
+    return {RecentCases + start + u" 00:00:00# AND #"_s + end + u" 23:59:59#)"_s, RecentCasesFirst,
             start + u" ～ "_s + end + u" 更新"_s};
 }
 
 ListFilter casesWithText(const QString& text)
 {
     return {
-        TextCondition + storage::quoted(text) + u"%'"_s, {}, u'\'' + text + u"'を含む件名表示"_s};
+        CasesWithText + storage::quoted(text) + u"%'"_s, {}, u'\'' + text + u"'を含む件名表示"_s};
 }
 
 } // namespace customer

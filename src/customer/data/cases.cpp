@@ -10,11 +10,11 @@ namespace customer {
 
 namespace {
 
-const QString RowQuery = u"Select * From 件名 Where 件名更新ID ="_s;
-const QString MaxQuery = u"SELECT Max(件名更新ID) as ma1 From 件名 "_s;
-const QString NewRowQuery = u"SELECT * From 件名 Where 件名更新ID = "_s;
-const QString CustomerQuery = u"SELECT * From ﾕｰｻﾞｰ WHERE ﾕｰｻﾞｰID = "_s;
-const QString CustomerMark = u" AND ﾕｰｻﾞｰ識別ID = "_s;
+const QString CaseRow = u"Select * From 件名 Where 件名更新ID ="_s;
+const QString CaseMax = u"SELECT Max(件名更新ID) as ma1 From 件名 "_s;
+const QString NewCaseRow = u"SELECT * From 件名 Where 件名更新ID = "_s;
+const QString OwnerOfCase = u"SELECT * From ﾕｰｻﾞｰ WHERE ﾕｰｻﾞｰID = "_s;
+const QString OwnerOfCaseMark = u" AND ﾕｰｻﾞｰ識別ID = "_s;
 const QString Cases = u"SELECT DISTINCT "
                       "件名.件名更新ID ,"
                       "件名.件名ID ,"
@@ -36,8 +36,8 @@ const QString Cases = u"SELECT DISTINCT "
                       "(ユーザー.ﾕｰｻﾞｰ識別ID = 件名.件名識別ID) "
                       "AND "
                       "(ユーザー.ﾕｰｻﾞｰID = 件名.ﾕｰｻﾞｰID) "_s;
-const QString CountQuery = u"SELECT count(*) as ma2 FROM 件名"_s;
-const QString TieBreak = u" ,件名.件名ID"_s;
+const QString CaseCount = u"SELECT count(*) as ma2 FROM 件名"_s;
+const QString ByCaseId = u" ,件名.件名ID"_s;
 const QString ByRegistered = u" ORDER BY 件名.登録日"_s;
 const QString ByPlanned = u" ORDER BY 件名.予定日"_s;
 const QString ByCustomer = u" ORDER BY ユーザー.表示名"_s;
@@ -45,7 +45,7 @@ const QString ByTitle = u" ORDER BY 件名.件名"_s;
 const QString ByNotes = u" ORDER BY 件名.備考"_s;
 const QString ByState = u" ORDER BY 件名.判定"_s;
 
-records::Cascade cascade()
+records::Cascade caseCascade()
 {
     using enum records::KeyedText::Number;
     return {
@@ -83,14 +83,14 @@ const records::RecordTable& caseTable()
     using enum records::KeyedText::Number;
     static const records::RecordTable table{
         .name = u"件名"_s,
-        .numbering = {MaxQuery, NewRowQuery, u"件名"_s},
+        .numbering = {CaseMax, NewCaseRow, u"件名"_s},
         .updateIdColumn = u"件名更新ID"_s,
         .markColumn = u"件名識別ID"_s,
         .idColumn = u"件名ID"_s,
-        .rowQuery = {RowQuery},
-        .parents = {{{CustomerQuery, Id, CustomerMark}, u"ユーザーID"_s, u"件名識別ID"_s}},
-        .touched = {{CustomerQuery, u"ユーザーID"_s, CustomerMark, u"件名識別ID"_s}},
-        .cascade = cascade(),
+        .rowQuery = {CaseRow},
+        .parents = {{{OwnerOfCase, Id, OwnerOfCaseMark}, u"ユーザーID"_s, u"件名識別ID"_s}},
+        .touched = {{OwnerOfCase, u"ユーザーID"_s, OwnerOfCaseMark, u"件名識別ID"_s}},
+        .cascade = caseCascade(),
         .derived = derivedFrom,
     };
     return table;
@@ -111,12 +111,12 @@ const records::ListDescription& caseList()
                     {u"備考"_s, u"件備考"_s, ByNotes, 90},
                     {u"判定"_s, u"判定"_s, ByState}},
         .check = u"K印字"_s,
-        .tieBreak = TieBreak,
+        .tieBreak = ByCaseId,
         .order = settings::CaseOrder,
         .descending = settings::CaseDescending,
         .pageRows = settings::CasesShown,
         .choices = {ByRegistered, ByPlanned, ByCustomer, ByTitle, ByNotes, ByState},
-        .countQuery = CountQuery,
+        .countQuery = CaseCount,
         .countField = u"ma2"_s,
         .emphasis = emphasisOf,
     };

@@ -21,9 +21,9 @@ const QString ReadingLike = u"表示名ﾌﾘｶﾞﾅ Like '["_s;
 const QString FirstGroupCondition = u" WHERE 表示名ﾌﾘｶﾞﾅ Like '[あ-お]%' "_s
     + u"or 表示名ﾌﾘｶﾞﾅ Like '[ぁ-ぉ]%' "_s + u"or 表示名ﾌﾘｶﾞﾅ Like '[ｱ-ｵ]%' "_s
     + u"or 表示名ﾌﾘｶﾞﾅ Like '[ｧ-ｫ]%'"_s;
-const QString RecentCondition = u" WHERE "_s + u"(最近更新日時 BETWEEN #"_s;
-const QString RecentOrder = u" ORDER BY 最近更新日時 DESC"_s;
-const QString TextCondition = u" WHERE (表示名ﾌﾘｶﾞﾅ & 表示名 & "_s + u"ﾕｰｻﾞｰ名ﾌﾘｶﾞﾅ & ﾕｰｻﾞｰ名 "_s
+const QString RecentCustomersCondition = u" WHERE "_s + u"(最近更新日時 BETWEEN #"_s;
+const QString RecentCustomersFirst = u" ORDER BY 最近更新日時 DESC"_s;
+const QString CustomersWithText = u" WHERE (表示名ﾌﾘｶﾞﾅ & 表示名 & "_s + u"ﾕｰｻﾞｰ名ﾌﾘｶﾞﾅ & ﾕｰｻﾞｰ名 "_s
     + u"& 自宅ＴＥＬ & 自宅ＦＡＸ & 自宅住所 & 会社名ﾌﾘｶﾞﾅ "_s
     + u"& 会社名 & 部署 & 会社ＴＥＬ & 会社ＦＡＸ & 会社住所 "_s
     + u"& [E-MAIL] & [URL] & 備考 ) Like '%"_s;
@@ -101,7 +101,7 @@ IndexNode customerIndex(records::Database& data)
 
 ListFilter customersWithText(const QString& text)
 {
-    return {TextCondition + storage::quoted(text) + u"%'"_s, {}, u'\'' + text + u"'を含む表示"_s};
+    return {CustomersWithText + storage::quoted(text) + u"%'"_s, {}, u'\'' + text + u"'を含む表示"_s};
 }
 
 ListFilter recentCustomers(const records::IndexContext& context)
@@ -109,7 +109,7 @@ ListFilter recentCustomers(const records::IndexContext& context)
     const int days = context.settings[settings::RecentCustomerDays];
     const QString start = text::formatPlainDate(context.today.addDays(-days));
     const QString end = text::formatPlainDate(context.today);
-    return {RecentCondition + start + u" 00:00:00# AND #"_s + end + u" 23:59:59#)"_s, RecentOrder,
+    return {RecentCustomersCondition + start + u" 00:00:00# AND #"_s + end + u" 23:59:59#)"_s, RecentCustomersFirst,
             start + u" ～ "_s + end + u" 更新"_s};
 }
 

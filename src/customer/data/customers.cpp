@@ -8,22 +8,22 @@ namespace customer {
 
 namespace {
 
-const QString RowQuery = u"Select * From ユーザー Where ﾕｰｻﾞｰ更新ID ="_s;
-const QString DeleteQuery = u"Select * From ユーザー Where ユーザー更新ID ="_s;
-const QString MaxQuery = u"SELECT Max(ﾕｰｻﾞｰ更新ID) as ma1 From ユーザー "_s;
-const QString NewRowQuery = u"SELECT *  From ユーザー Where ﾕｰｻﾞｰ更新ID = "_s;
+const QString CustomerRow = u"Select * From ユーザー Where ﾕｰｻﾞｰ更新ID ="_s;
+const QString DeletedCustomerRow = u"Select * From ユーザー Where ユーザー更新ID ="_s;
+const QString CustomerMax = u"SELECT Max(ﾕｰｻﾞｰ更新ID) as ma1 From ユーザー "_s;
+const QString NewCustomerRow = u"SELECT *  From ユーザー Where ﾕｰｻﾞｰ更新ID = "_s;
 const QString OwnerQuery = u"SELECT * From ユーザー WHERE ﾕｰｻﾞｰID = "_s;
 const QString OwnerMark = u" AND ﾕｰｻﾞｰ識別ID = "_s;
 const QString Customers = u"SELECT * FROM ユーザー"_s;
-const QString CountQuery = u"SELECT count(*) as ma1 FROM ユーザー"_s;
-const QString TieBreak = u" ,ユーザー.ﾕｰｻﾞｰID"_s;
+const QString CustomerCount = u"SELECT count(*) as ma1 FROM ユーザー"_s;
+const QString ByCustomerId = u" ,ユーザー.ﾕｰｻﾞｰID"_s;
 const QString ByReading = u" ORDER BY ユーザー.表示名ﾌﾘｶﾞﾅ"_s;
 const QString ByHomePhone = u" ORDER BY ユーザー.自宅ＴＥＬ"_s;
 const QString ByCompanyPhone = u" ORDER BY ユーザー.会社ＴＥＬ"_s;
 const QString ByEmail = u" ORDER BY ユーザー.[E-MAIL]"_s;
 
 // A free-item value names its owner by the customer's own mark; 内容識別ID is the mark of the item.
-records::Cascade cascade()
+records::Cascade customerCascade()
 {
     using enum records::KeyedText::Number;
     return {
@@ -44,13 +44,13 @@ const records::RecordTable& customerTable()
 {
     static const records::RecordTable table{
         .name = u"ユーザー"_s,
-        .numbering = {MaxQuery, NewRowQuery, u"ユーザー"_s},
+        .numbering = {CustomerMax, NewCustomerRow, u"ユーザー"_s},
         .updateIdColumn = u"ﾕｰｻﾞｰ更新ID"_s,
         .markColumn = u"ﾕｰｻﾞｰ識別ID"_s,
         .idColumn = u"ﾕｰｻﾞｰID"_s,
-        .rowQuery = {RowQuery},
-        .deleteQuery = {DeleteQuery},
-        .cascade = cascade(),
+        .rowQuery = {CustomerRow},
+        .deleteQuery = {DeletedCustomerRow},
+        .cascade = customerCascade(),
         .refusal = records::blankRefused({u"表示名ﾌﾘｶﾞﾅ"_s, u"表示名"_s},
                                          u"表示ﾌﾘｶﾞﾅ・表示名は空白禁止です。"_s),
         .derived = records::changedNow,
@@ -71,12 +71,12 @@ const records::ListDescription& customerList()
                     {u"会社TEL"_s, u"会社TEL"_s, ByCompanyPhone, 140},
                     {u"E-MAIL"_s, u"E-MAIL"_s, ByEmail}},
         .check = u"Y印字"_s,
-        .tieBreak = TieBreak,
+        .tieBreak = ByCustomerId,
         .order = settings::CustomerOrder,
         .descending = settings::CustomerDescending,
         .pageRows = settings::CustomersShown,
         .choices = {ByReading, ByCompanyPhone, ByHomePhone},
-        .countQuery = CountQuery,
+        .countQuery = CustomerCount,
         .countField = u"ma1"_s,
     };
     return list;

@@ -9,21 +9,21 @@ namespace customer {
 
 namespace {
 
-const QString RowQuery = u"Select * From ログ Where ログ更新ID ="_s;
-const QString DeleteStatement = u"DELETE FROM ログ Where ログ更新ID ="_s;
-const QString MaxQuery = u"SELECT Max(ログ更新ID) as ma1 From ログ "_s;
-const QString NewRowQuery = u"SELECT * From ログ Where ログ更新ID = "_s;
-const QString CaseQuery = u"SELECT * From 件名 WHERE 件名ID = "_s;
-const QString CaseMark = u" AND 件名識別ID = "_s;
+const QString LogRow = u"Select * From ログ Where ログ更新ID ="_s;
+const QString DeleteLog = u"DELETE FROM ログ Where ログ更新ID ="_s;
+const QString LogMax = u"SELECT Max(ログ更新ID) as ma1 From ログ "_s;
+const QString NewLogRow = u"SELECT * From ログ Where ログ更新ID = "_s;
+const QString CaseOfLog = u"SELECT * From 件名 WHERE 件名ID = "_s;
+const QString CaseOfLogMark = u" AND 件名識別ID = "_s;
 const QString TouchedCase = u"Select * From 件名 Where 件名識別ID ="_s;
 const QString TouchedCaseId = u" AND 件名ID = "_s;
-const QString CustomerQuery = u"SELECT * From ﾕｰｻﾞｰ WHERE ﾕｰｻﾞｰID = "_s;
-const QString CustomerMark = u" AND ﾕｰｻﾞｰ識別ID = "_s;
+const QString OwnerOfLog = u"SELECT * From ﾕｰｻﾞｰ WHERE ﾕｰｻﾞｰID = "_s;
+const QString OwnerOfLogMark = u" AND ﾕｰｻﾞｰ識別ID = "_s;
 const QString Logs = u"SELECT * FROM ログ"_s;
 const QString LogsOfCase = u" WHERE 件名ID ="_s;
 const QString LogsMark = u" and ログ識別ID="_s;
-const QString CountQuery = u"SELECT count(*) as ma3 FROM ログ"_s;
-const QString TieBreak = u" ,ログID"_s;
+const QString LogCount = u"SELECT count(*) as ma3 FROM ログ"_s;
+const QString ByLogId = u" ,ログID"_s;
 const QString ByDay = u" ORDER BY 登録日"_s;
 const QString ByText = u" ORDER BY Rログ"_s;
 const QString ByRecorder = u" ORDER BY 記録者"_s;
@@ -74,18 +74,18 @@ const records::RecordTable& logTable()
     using enum records::KeyedText::Number;
     static const records::RecordTable table{
         .name = LogTable,
-        .numbering = {MaxQuery, NewRowQuery, LogTable},
+        .numbering = {LogMax, NewLogRow, LogTable},
         .updateIdColumn = u"ログ更新ID"_s,
         .markColumn = u"ログ識別ID"_s,
         .idColumn = u"ログID"_s,
-        .rowQuery = {RowQuery},
-        .parents = {{{CaseQuery, Id, CaseMark},
+        .rowQuery = {LogRow},
+        .parents = {{{CaseOfLog, Id, CaseOfLogMark},
                      u"件名ID"_s,
                      u"ログ識別ID"_s,
                      {{u"ユーザーID"_s, u"ユーザーID"_s}}}},
         .touched = {{TouchedCase, u"ログ識別ID"_s, TouchedCaseId, u"件名ID"_s},
-                    {CustomerQuery, u"ユーザーID"_s, CustomerMark, u"ログ識別ID"_s}},
-        .cascade = {{DeleteStatement}},
+                    {OwnerOfLog, u"ユーザーID"_s, OwnerOfLogMark, u"ログ識別ID"_s}},
+        .cascade = {{DeleteLog}},
     };
     return table;
 }
@@ -101,12 +101,12 @@ const records::ListDescription& logList()
         .columns = {{u"記録日"_s, u"登録日"_s, ByDay, 120},
                     {u"記録者"_s, u"記録者"_s, ByRecorder, 120},
                     {u"ログ"_s, u"Rログ"_s, ByText}},
-        .tieBreak = TieBreak,
+        .tieBreak = ByLogId,
         .order = settings::LogOrder,
         .descending = settings::LogDescending,
         .pageRows = settings::LogsShown,
         .choices = {ByDay, ByRecorder, ByText},
-        .countQuery = CountQuery,
+        .countQuery = LogCount,
         .countField = u"ma3"_s,
     };
     return list;

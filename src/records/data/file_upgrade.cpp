@@ -11,7 +11,7 @@ namespace records {
 namespace {
 
 const QString VersionQuery = u"SELECT * FROM バージョン情報 WHERE [No] = 1"_s;
-const QString SettingsQuery = u"SELECT * FROM 設定 WHERE 設定ID = 1"_s;
+const QString UpgradedSettings = u"SELECT * FROM 設定 WHERE 設定ID = 1"_s;
 const QString OldVersion = u"3.0.0"_s;
 const QString NewVersion = u"3.1.1"_s;
 
@@ -57,12 +57,12 @@ bool runEachByItself(DataFile& file, const QStringList& statements)
 
 bool writeNewSettings(DataFile& file, const FieldValues& values)
 {
-    const std::optional<bool> found = rowStands(file, SettingsQuery);
+    const std::optional<bool> found = rowStands(file, UpgradedSettings);
     if (!found)
         return isSkipped(file.connection.lastError());
     if (!*found)
         return true;
-    return writeRow(file, SettingsQuery, values);
+    return writeRow(file, UpgradedSettings, values);
 }
 
 bool writeVersion(DataFile& file)

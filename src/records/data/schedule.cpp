@@ -9,14 +9,14 @@ namespace records {
 
 namespace {
 
-const QString RowQuery = u"Select * From 予定 Where 予定更新ID ="_s;
-const QString DeleteStatement = u"DELETE FROM 予定 Where 予定更新ID ="_s;
-const QString MaxQuery = u"SELECT Max(予定更新ID) as ma1 From 予定 "_s;
-const QString NewRowQuery = u"SELECT * From 予定 Where 予定更新ID = "_s;
+const QString EntryRow = u"Select * From 予定 Where 予定更新ID ="_s;
+const QString DeleteEntry = u"DELETE FROM 予定 Where 予定更新ID ="_s;
+const QString EntryMax = u"SELECT Max(予定更新ID) as ma1 From 予定 "_s;
+const QString NewEntryRow = u"SELECT * From 予定 Where 予定更新ID = "_s;
 const QString Entries = u"SELECT * From 予定"_s;
 const QString RangeCondition = u" WHERE 日付 Between '"_s;
 const QString RangeOrder = u" ORDER BY 日付,時刻"_s;
-const QString CountQuery = u"SELECT count(*) as ma1 From 予定 "_s;
+const QString EntryCount = u"SELECT count(*) as ma1 From 予定 "_s;
 const QString CountCondition = u"WHERE 日付 Like '"_s;
 const QString DaysQuery = u"SELECT DISTINCT 日付 From 予定 WHERE 日付 Between '"_s;
 
@@ -31,12 +31,12 @@ const RecordTable& scheduleTable()
 {
     static const RecordTable table{
         .name = u"予定"_s,
-        .numbering = {MaxQuery, NewRowQuery, u"予定"_s},
+        .numbering = {EntryMax, NewEntryRow, u"予定"_s},
         .updateIdColumn = u"予定更新ID"_s,
         .markColumn = u"予定識別ID"_s,
         .idColumn = u"予定ID"_s,
-        .rowQuery = {RowQuery},
-        .cascade = {{DeleteStatement}},
+        .rowQuery = {EntryRow},
+        .cascade = {{DeleteEntry}},
         .refusal = blankRefused({u"予定"_s}, u"予定は空白禁止です。"_s),
     };
     return table;
@@ -65,7 +65,7 @@ std::unique_ptr<RecordList> openSchedule(Database& data, QDate first, QDate last
 
 qint64 countScheduleEntries(Database& data, QDate day)
 {
-    return readNumber(data, CountQuery + CountCondition + text::formatPlainDate(day) + u"%' "_s,
+    return readNumber(data, EntryCount + CountCondition + text::formatPlainDate(day) + u"%' "_s,
                       u"ma1"_s)
         .value_or(0);
 }

@@ -91,7 +91,7 @@ QList<Table> attachmentTables(Version version)
     };
 }
 
-Table settings(Version version)
+Table customerSettings(Version version)
 {
     return TableBuilder(u"設定"_s, version)
         .rowNumber(u"設定ID"_s)
@@ -108,7 +108,7 @@ Table settings(Version version)
         .build();
 }
 
-QList<Table> printTables(Version version)
+QList<Table> customerPrintTables(Version version)
 {
     return {
         printedFreeItems(version),
@@ -190,7 +190,7 @@ QList<Index> caseIndexes()
 
 Definition customerFile(Version version)
 {
-    const Table settingsTable = settings(version);
+    const Table settingsTable = customerSettings(version);
     const Table numbers = latestNumbers(
         version,
         u"ユーザー 件名 ログ 納品 リース ユーザー関連 件名関連 自由項目名 予定 カスタム検索"_s);
@@ -202,7 +202,7 @@ Definition customerFile(Version version)
 
     Definition definition;
     definition.tables = recordTables(version) + deliveryTables(version) + attachmentTables(version)
-        + common + printTables(version);
+        + common + customerPrintTables(version);
     definition.indexes =
         possibleIndexes(customerIndexes() + caseIndexes() + scheduleIndexes(), definition.tables);
     // Margins in millimetres; the log preview's size in twips.

@@ -76,7 +76,7 @@ QList<Table> referenceTables(Version version)
     };
 }
 
-Table settings(Version version)
+Table repairSettings(Version version)
 {
     return TableBuilder(u"設定"_s, version)
         .rowNumber(u"設定ID"_s)
@@ -93,7 +93,7 @@ Table settings(Version version)
         .build();
 }
 
-QList<Table> printTables(Version version)
+QList<Table> repairPrintTables(Version version)
 {
     return {
         printedFreeItems(version),
@@ -154,11 +154,11 @@ SeedRow blankRow(const Table& table)
 
 Definition repairFile(Version version)
 {
-    const Table settingsTable = settings(version);
+    const Table settingsTable = repairSettings(version);
     const Table numbers = latestNumbers(
         version, u"修理 ログ 詳細 修理関連 自由項目名 予定 カスタム検索 担当者 修理先"_s);
     const QList<Table> reference = referenceTables(version);
-    const QList<Table> print = printTables(version);
+    const QList<Table> print = repairPrintTables(version);
 
     const QList<Table> common = {
         freeItemNames(version), customSearches(version), schedule(version), settingsTable, numbers,

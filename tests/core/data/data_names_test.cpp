@@ -19,7 +19,7 @@ using Box = ScriptedMessages::Box;
 
 namespace {
 
-const QString registryRows =
+const QString registeredRows =
     u"SELECT 種類,ﾃﾞｰﾀ,ﾊﾟｽﾜｰﾄﾞ FROM main WHERE 種類 Like '%管理' ORDER BY [No]"_s;
 
 class DataNames : public CoreTest {
@@ -75,7 +75,7 @@ TEST_F(DataNames, ThatNoFileSystemCanHoldAreRefusedBeforeAnythingIsWritten)
         EXPECT_FALSE(AddDataFile(shared, DataKind::Customer, name, {}));
         EXPECT_THAT(messages.takeBoxes(), ElementsAre(Box{16, message}));
     }
-    EXPECT_THAT(rows(registryRows), IsEmpty());
+    EXPECT_THAT(rows(registeredRows), IsEmpty());
     EXPECT_FALSE(isThere(u"Corvane"_s));
 
     const DataFileEntry entry = add(DataKind::Customer, QString(81, u'長')); // just fits
@@ -106,7 +106,7 @@ TEST_F(DataNames, OfOldStillOpenAndKeepTheirName)
         EXPECT_TRUE(ChangeDataFile(shared, entry, name, u"鍵"_s));
         EXPECT_FALSE(ChangeDataFile(shared, entry, u"b:c"_s, u"別"_s));
         EXPECT_EQ(messages.takeBoxes().last(), (Box{16, characters}));
-        EXPECT_THAT(rows(registryRows), ElementsAre(u"顧客管理|"_s + name + u"|鍵"_s));
+        EXPECT_THAT(rows(registeredRows), ElementsAre(u"顧客管理|"_s + name + u"|鍵"_s));
 
         EXPECT_TRUE(ChangeDataFile(shared, entry, u"新"_s, {}));
         EXPECT_TRUE(QFile::exists(pathOf(u"新"_s)));
@@ -148,5 +148,5 @@ TEST_F(DataNames, AFileOfTheFoldersNameIsTold)
     EXPECT_EQ(messages.takeText(),
               u"フォルダ 『 "_s + file(u"Corvane"_s)
                   + u" 』 を作成できません。同じ名前のファイルがあります。"_s);
-    EXPECT_THAT(rows(registryRows), IsEmpty());
+    EXPECT_THAT(rows(registeredRows), IsEmpty());
 }

@@ -24,7 +24,7 @@ using Box = ScriptedMessages::Box;
 
 namespace {
 
-const QString versionRow = u"SELECT ﾃﾞｰﾀ FROM main WHERE [No] = 5"_s;
+const QString versionOnly = u"SELECT ﾃﾞｰﾀ FROM main WHERE [No] = 5"_s;
 
 // A main.mdb that cannot be opened, and how it is broken and healed.
 class MainAccess : public CoreTest {
@@ -112,7 +112,7 @@ protected:
     {
         EXPECT_EQ(entries(DataKind::Customer).size(), 1);
         EXPECT_EQ(core::CheckAdministrator(shared, u"Admin"_s, {}), true);
-        EXPECT_THAT(rows(versionRow), ElementsAre(u"3.1.1"_s)); // the upgrade came with it
+        EXPECT_THAT(rows(versionOnly), ElementsAre(u"3.1.1"_s)); // the upgrade came with it
         EXPECT_THAT(messages.takeBoxes(), IsEmpty());
     }
 

@@ -26,7 +26,7 @@ protected:
     }
 };
 
-void write(const QString& path, const QByteArray& bytes)
+void writeBytes(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
@@ -71,7 +71,7 @@ TEST_F(Opening, WhatIsNoDataFileIsUnreadableAndStaysAsItIs)
     for (const auto& [name, bytes] : files) {
         SCOPED_TRACE(name);
         const QString file = path(u"他.mdb"_s);
-        write(file, bytes);
+        writeBytes(file, bytes);
         EXPECT_EQ(openFails(file), QList{ErrorKind::Unreadable});
         EXPECT_EQ(read(file), bytes);
         EXPECT_FALSE(QFileInfo::exists(file + u"-journal"_s));
@@ -85,7 +85,7 @@ TEST_F(Opening, WhatIsNoDataFileIsUnreadableAndStaysAsItIs)
 
 TEST_F(Opening, UnreadableFilesGetOneMessage)
 {
-    write(path(u"他.mdb"_s), "x");
+    writeBytes(path(u"他.mdb"_s), "x");
     Connection other;
     EXPECT_FALSE(other.open(path(u"他.mdb"_s), Password));
     EXPECT_FALSE(other.open(path(), u"違う"_s));
@@ -148,7 +148,7 @@ TEST_F(Opening, CreatingNeverWritesOverAFile)
     Connection other;
     connection.close();
     EXPECT_FALSE(other.create(path(), Password, definition()));
-    write(path(u"新.mdb-journal"_s), "left by a crash");
+    writeBytes(path(u"新.mdb-journal"_s), "left by a crash");
     EXPECT_FALSE(other.create(path(u"新.mdb"_s), Password, definition()));
     EXPECT_FALSE(other.create(path(u"無い/新.mdb"_s), Password, definition()));
     EXPECT_EQ(takeErrors(other), (QList{ErrorKind::Exists, ErrorKind::Exists, ErrorKind::Missing}));

@@ -16,7 +16,7 @@ const QString Done = u"完了"_s;
 constexpr int CasesPerCustomer = 3;
 constexpr int LogsPerCase = 3;
 
-QList<FreeItem> freeItems()
+QList<FreeItem> customerItems()
 {
     return {{u"紹介者"_s, {u"店頭"_s, u"広告"_s, u"知人"_s, u"展示会"_s}},
             {u"定休日"_s, {u"日曜"_s, u"水曜"_s, u"土日祝"_s, u"年中無休"_s}},
@@ -43,7 +43,7 @@ private:
 
     Random& m_random;
     Calendar& m_calendar;
-    const QList<FreeItem> m_items = freeItems();
+    const QList<FreeItem> m_items = customerItems();
     const QStringList m_staff;
     RowWriter m_customers;
     RowWriter m_cases;
@@ -262,7 +262,7 @@ std::optional<storage::Error> writeCustomerSample(const QString& path, const Siz
     Calendar calendar(random, size.today);
     QHash<QString, int> lastNumbers;
     if (auto error =
-            writeCommonTables(file.connection(), random, calendar, freeItems(), u"顧客"_s,
+            writeCommonTables(file.connection(), random, calendar, customerItems(), u"顧客"_s,
                               {u"株式会社"_s, u"東京都"_s, u"ｻｰﾋﾞｽ"_s, u"水曜定休"_s}, lastNumbers))
         return error;
     CustomerSample sample(file.connection(), random, calendar);

@@ -13,7 +13,7 @@ namespace {
 
 const QStringList Staff = u"佐野 健|工藤 律子|水野 隆|馬場 遥|ﾉﾑﾗ|関 駿"_s.split(u'|');
 
-QList<FreeItem> freeItems()
+QList<FreeItem> repairItems()
 {
     return {{u"代替機"_s, {u"貸出中"_s, u"不要"_s}},
             {u"保証"_s, {u"期間内"_s, u"期間外"_s, u"延長保証"_s}},
@@ -44,7 +44,7 @@ private:
 
     Random& m_random;
     Calendar& m_calendar;
-    const QList<FreeItem> m_items = freeItems();
+    const QList<FreeItem> m_items = repairItems();
     RowWriter m_repairs;
     RowWriter m_lines;
     RowWriter m_logs;
@@ -237,7 +237,7 @@ std::optional<Error> writeRepairSample(const QString& path, const Size& size)
     Calendar calendar(random, size.today);
     QHash<QString, int> lastNumbers;
     storage::Connection& connection = file.connection();
-    if (auto error = writeCommonTables(connection, random, calendar, freeItems(), u"修理"_s,
+    if (auto error = writeCommonTables(connection, random, calendar, repairItems(), u"修理"_s,
                                        {u"ハルタ"_s, u"出張"_s, u"電源"_s}, lastNumbers))
         return error;
     lastNumbers[u"担当者"_s] = static_cast<int>(Staff.size());
