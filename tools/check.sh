@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The house's own checks: format, layers, sizes, forms, screens, words and common mistakes. Each
+# The house's own checks: format, layers, sizes, forms, screens, words, pages and common mistakes. Each
 # finding is one line, file:line: what is wrong. With --fix the format is put right first.
 # clang-tidy needs a build: cmake --preset dev && cmake --build --preset dev.
 set -uo pipefail
@@ -25,7 +25,7 @@ formatted() {
 
 [ "${1:-}" != --fix ] || sources | xargs -0 -r clang-format-14 -i
 check format formatted
-for name in layers sizes forms screens words tidy; do
+for name in layers sizes forms screens words docs tidy; do
     check "$name" python3 "tools/check/$name.py"
 done
 

@@ -21,7 +21,8 @@ public:
 
     void setForm(text::NumberForm form) { m_form = form; }
     // When the field is left edited and with a text that is no number (or empty), tells
-    // "数字のみ入力して下さい。", sets it to "0" and takes the focus back. What was not edited stays.
+    // "数字のみ入力して下さい。", sets it to "0" and takes the focus back. What was not edited
+    // stays.
     void checkOnLeaving(core::Messages& messages) { m_messages = &messages; }
     // The same at once, as when a save is pressed. False when the text was no number.
     bool judge();

@@ -1,7 +1,10 @@
 """Each check finds what it is there to find, and is silent about what is right."""
 
+import json
+import os
 import shutil
 import subprocess
+import sys
 import unittest
 
 from check_case import CheckCase, ROOT
@@ -27,6 +30,7 @@ class Checks(CheckCase):
             ("src/ui/a.cpp", "<QWidget>", None),
             ("src/storage/a.cpp", "<sqlite3.h>", "1: <sqlite3.h> belongs to"),
             ("src/storage/engine/sqlite/a.cpp", "<sqlite3.h>", None),
+            ("src/ui/a.cpp", '"ui/b.cpp"', "1: a source is compiled, not included"),
             ("src/storage/a.cpp", "<unicode/coll.h>", "1: <unicode/coll.h> belongs to"),
             ("src/elsewhere/a.cpp", "<QString>", "1: stands in no room"),
         ]:
@@ -74,6 +78,48 @@ class Checks(CheckCase):
             self.expect("words", "src/text/a.cpp", line, finding)
         self.write("src/text/a.cpp", "\n")
         self.expect("words", "docs/仕様" "書.md", "\n", "1: the file's name")
+
+    def test_docs(self):
+        self.write("src/core/data/registry.h", "struct RecordKey;\nnamespace core { int addOne(); }\n")
+        self.write("docs/decisions/0001-one.md", "\n")
+        for line, finding in [
+            ("`src/core/data`, `core/data/registry`, `core/data/{registry}.h`", None),
+            ("`src/core/data/gone.h`", "1: `src/core/data/gone.h` does not exist"),
+            ("`RecordKey`, `core::addOne`, `core::addOne()`", None),
+            ("`RecordLock`", "1: there is no `RecordLock`"),
+            ("`core::addTwo`", "1: `core::addTwo`: there is no addTwo"),
+            ("`build/dev/bin/gone`, `main.mdb`, `--quick`", None),
+        ]:
+            self.expect("docs", "README.md", line + "\n", finding)
+        self.write("README.md", "\n")
+        self.expect("docs", "docs/decisions/0003-three.md", "\n", "1: is not the next number, 0002")
+
+    def test_tidy_reads_several_sources_as_one(self):
+        if shutil.which("clang-tidy-14") is None:
+            self.skipTest("clang-tidy-14 is missing")
+        shutil.copy(ROOT / ".clang-tidy", self.root)
+        faults = {"a": "int one() { return 1; }\n",
+                  "b": "#include <vector>\nbool none(const std::vector<int>& of)\n"
+                       "{\n    return of.size() == 0;\n}\n",
+                  "c": "#include <vector>\nusing std::vector;\nint text();\n"}
+        entries = []
+        for name, text in faults.items():
+            self.write(f"src/text/{name}.cpp", text)
+            entries.append({"directory": str(self.root), "file": str(self.root / f"src/text/{name}.cpp"),
+                            "command": f"c++ -std=c++20 -o {name}.o -c src/text/{name}.cpp"})
+        self.write("build/dev/compile_commands.json", json.dumps(entries))
+        environment = os.environ | {"XDG_CACHE_HOME": str(self.root / "cache")}
+        told = []
+        for _ in range(2):
+            done = subprocess.run([sys.executable, str(ROOT / "tools/check/tidy.py"), str(self.root)],
+                                  capture_output=True, text=True, check=False, env=environment)
+            told.append(done.stdout)
+            self.assertEqual(1, done.returncode, done.stdout)
+            self.assertIn("src/text/b.cpp:4", done.stdout)
+            self.assertIn("src/text/c.cpp:2", done.stdout)
+            self.assertNotIn("src/text/a.cpp:", done.stdout)
+        self.assertIn("3 of 3 sources", told[0])
+        self.assertIn("2 of 3 sources", told[1])
 
     def test_tidy_cuts_long_functions(self):
         if shutil.which("clang-tidy-14") is None:

@@ -14,14 +14,20 @@ using records::ListFilter;
 namespace {
 
 const QString RecentCasesFirst = u" ORDER BY 件名.最近更新日時 DESC"_s;
-const QString CasesWithText =
-    u"WHERE (件名.登録日 & ユーザー.表示名 & 件名.件名 & 件名.備考 & "_s + u"件名.判定) Like '%"_s;
+const QString CasesWithText = u"WHERE (件名.登録日 & ユーザー.表示名 & 件名.件名 & 件名.備考 & "
+                              "件名.判定) Like '%"_s;
+const QString CasesOfCustomer = u" WHERE ユーザー.ユーザーID = "_s;
+const QString CaseOfNumber = u" WHERE 件名.件名ID = "_s;
+const QString CaseMark = u" and 件名識別ID = "_s;
+const QString RegisteredOn = u"WHERE 件名.登録日  Like '"_s;
+const QString OrPlannedFor = u"' "
+                             "OR 件名.予定日  Like '"_s;
 const QString OpenCondition = u" WHERE"
                               " 件名.判定 = '続行'"_s;
 const QString FinishedCondition = u" WHERE"
                                   " 件名.判定 = '完了'"_s;
 const QString RecentCases = u" WHERE "
-                                "(件名.最近更新日時 BETWEEN #"_s;
+                            "(件名.最近更新日時 BETWEEN #"_s;
 
 } // namespace
 
@@ -41,16 +47,15 @@ QList<IndexNode> caseIndex(const IndexNode::Filter& ownCases)
 
 ListFilter casesOfCustomer(const core::RecordKey& customer, const QString& name)
 {
-    return {u" WHERE ユーザー.ユーザーID = "_s + QString::number(customer.id)
-                + u" and 件名識別ID = "_s + QString::number(customer.mark),
+    return {CasesOfCustomer + QString::number(customer.id) + CaseMark
+                + QString::number(customer.mark),
             {},
             name + u" の件名表示"_s};
 }
 
 ListFilter singleCase(const core::RecordKey& ofCase)
 {
-    return {u" WHERE 件名.件名ID = "_s + QString::number(ofCase.id) + u" and 件名識別ID = "_s
-                + QString::number(ofCase.mark),
+    return {CaseOfNumber + QString::number(ofCase.id) + CaseMark + QString::number(ofCase.mark),
             {},
             u"件名表示"_s};
 }
@@ -58,10 +63,7 @@ ListFilter singleCase(const core::RecordKey& ofCase)
 ListFilter casesOfDay(QDate day)
 {
     const QString date = text::formatDate(day);
-    return {u"WHERE 件名.登録日  Like '"_s + date + u"' "_s + u"OR 件名.予定日  Like '"_s + date
-                + u'\'',
-            {},
-            date + u"の件名表示"_s};
+    return {RegisteredOn + date + OrPlannedFor + date + u'\'', {}, date + u"の件名表示"_s};
 }
 
 ListFilter recentCases(const records::IndexContext& context)

@@ -8,7 +8,8 @@
 // The index of cases (TreeView2) and the same choices of the display menu.
 namespace customer {
 
-// 個々, 続行, 完了, 全て and 最近一週間. `ownCases` gives the cases of the chosen customer, for 個々.
+// 個々, 続行, 完了, 全て and 最近一週間. `ownCases` gives the cases of the chosen customer, for
+// 個々.
 QList<records::IndexNode> caseIndex(const records::IndexNode::Filter& ownCases);
 
 records::ListFilter casesOfCustomer(const core::RecordKey& customer, const QString& name);

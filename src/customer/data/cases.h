@@ -10,8 +10,8 @@ namespace customer {
 inline constexpr char16_t OpenState[] = u"続行";
 inline constexpr char16_t FinishedState[] = u"完了";
 
-// A case belongs to a customer. A case that is saved as 完了 gets the present day as its 完了日, any
-// other loses it. The customer counts as changed with its case; logs and shortcuts go with it.
+// A case belongs to a customer. A case that is saved as 完了 gets the present day as its 完了日,
+// any other loses it. The customer counts as changed with its case; logs and shortcuts go with it.
 const records::RecordTable& caseTable();
 
 // What a row of the list is emphasised as, when 件名予定強調 says so: open cases with a planned

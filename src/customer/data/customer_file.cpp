@@ -59,8 +59,8 @@ const records::DataFileForm& customerForm()
     static const storage::schema::Definition definition =
         storage::schema::customerFile(storage::schema::Version::V311);
     static const records::DataFileForm form{u"ユーザー"_s,
-                                         u"顧客管理のデータファイルではありません。"_s,
-                                         upgradeStatements(), upgradeDefaults(), definition};
+                                            u"顧客管理のデータファイルではありません。"_s,
+                                            upgradeStatements(), upgradeDefaults(), definition};
     return form;
 }
 

@@ -18,15 +18,18 @@ using records::ListFilter;
 namespace {
 
 const QString ReadingLike = u"表示名ﾌﾘｶﾞﾅ Like '["_s;
-const QString FirstGroupCondition = u" WHERE 表示名ﾌﾘｶﾞﾅ Like '[あ-お]%' "_s
-    + u"or 表示名ﾌﾘｶﾞﾅ Like '[ぁ-ぉ]%' "_s + u"or 表示名ﾌﾘｶﾞﾅ Like '[ｱ-ｵ]%' "_s
-    + u"or 表示名ﾌﾘｶﾞﾅ Like '[ｧ-ｫ]%'"_s;
-const QString RecentCustomersCondition = u" WHERE "_s + u"(最近更新日時 BETWEEN #"_s;
+const QString FirstGroupCondition = u" WHERE 表示名ﾌﾘｶﾞﾅ Like '[あ-お]%' "
+                                    "or 表示名ﾌﾘｶﾞﾅ Like '[ぁ-ぉ]%' "
+                                    "or 表示名ﾌﾘｶﾞﾅ Like '[ｱ-ｵ]%' "
+                                    "or 表示名ﾌﾘｶﾞﾅ Like '[ｧ-ｫ]%'"_s;
+const QString RecentCustomersCondition = u" WHERE "
+                                         "(最近更新日時 BETWEEN #"_s;
 const QString RecentCustomersFirst = u" ORDER BY 最近更新日時 DESC"_s;
-const QString CustomersWithText = u" WHERE (表示名ﾌﾘｶﾞﾅ & 表示名 & "_s + u"ﾕｰｻﾞｰ名ﾌﾘｶﾞﾅ & ﾕｰｻﾞｰ名 "_s
-    + u"& 自宅ＴＥＬ & 自宅ＦＡＸ & 自宅住所 & 会社名ﾌﾘｶﾞﾅ "_s
-    + u"& 会社名 & 部署 & 会社ＴＥＬ & 会社ＦＡＸ & 会社住所 "_s
-    + u"& [E-MAIL] & [URL] & 備考 ) Like '%"_s;
+const QString CustomersWithText = u" WHERE (表示名ﾌﾘｶﾞﾅ & 表示名 & "
+                                  "ﾕｰｻﾞｰ名ﾌﾘｶﾞﾅ & ﾕｰｻﾞｰ名 "
+                                  "& 自宅ＴＥＬ & 自宅ＦＡＸ & 自宅住所 & 会社名ﾌﾘｶﾞﾅ "
+                                  "& 会社名 & 部署 & 会社ＴＥＬ & 会社ＦＡＸ & 会社住所 "
+                                  "& [E-MAIL] & [URL] & 備考 ) Like '%"_s;
 
 // A group, its range, and its children as pairs of caption and what its bracket holds.
 struct Group {
@@ -69,10 +72,11 @@ IndexNode groupNode(const Group& group)
 {
     // The first group alone lists all its kinds of kana.
     const bool first = &group == std::begin(Groups);
-    IndexNode node =
-        records::conditionNode(group.caption.toString(), first ? FirstGroupCondition : likeCondition(group.range));
+    IndexNode node = records::conditionNode(
+        group.caption.toString(), first ? FirstGroupCondition : likeCondition(group.range));
     for (std::size_t i = 0; i < group.children.size() && !group.children[i].isEmpty(); ++i)
-        node.children.append(records::conditionNode(group.children[i].toString(), likeCondition(group.ranges[i])));
+        node.children.append(
+            records::conditionNode(group.children[i].toString(), likeCondition(group.ranges[i])));
     number(node.children);
     return node;
 }
@@ -101,7 +105,8 @@ IndexNode customerIndex(records::Database& data)
 
 ListFilter customersWithText(const QString& text)
 {
-    return {CustomersWithText + storage::quoted(text) + u"%'"_s, {}, u'\'' + text + u"'を含む表示"_s};
+    return {
+        CustomersWithText + storage::quoted(text) + u"%'"_s, {}, u'\'' + text + u"'を含む表示"_s};
 }
 
 ListFilter recentCustomers(const records::IndexContext& context)
@@ -109,8 +114,8 @@ ListFilter recentCustomers(const records::IndexContext& context)
     const int days = context.settings[settings::RecentCustomerDays];
     const QString start = text::formatPlainDate(context.today.addDays(-days));
     const QString end = text::formatPlainDate(context.today);
-    return {RecentCustomersCondition + start + u" 00:00:00# AND #"_s + end + u" 23:59:59#)"_s, RecentCustomersFirst,
-            start + u" ～ "_s + end + u" 更新"_s};
+    return {RecentCustomersCondition + start + u" 00:00:00# AND #"_s + end + u" 23:59:59#)"_s,
+            RecentCustomersFirst, start + u" ～ "_s + end + u" 更新"_s};
 }
 
 } // namespace customer

@@ -32,7 +32,8 @@ records::Cascade customerCascade()
         {u"DELETE FROM ログ Where ユーザーID ="_s, Id, u" and ログ識別ID = "_s},
         {u"DELETE FROM 納品リスト Where ユーザーID ="_s, Id, u" and 納品識別ID = "_s},
         {u"DELETE FROM リースリスト Where ユーザーID ="_s, Id, u" and ﾘｰｽ識別ID = "_s},
-        {u"DELETE FROM ユーザー関連ファイル Where ユーザーID ="_s, Id, u" and ﾕｰｻﾞｰ関連識別ID = "_s},
+        {u"DELETE FROM ユーザー関連ファイル Where ユーザーID ="_s, Id,
+         u" and ﾕｰｻﾞｰ関連識別ID = "_s},
         {u"DELETE FROM 件名関連ファイル Where ユーザーID ="_s, Id, u" and 件名関連識別ID = "_s},
         {u"DELETE FROM 項目内容 Where ユーザーID ="_s, Id, u" and ﾕｰｻﾞｰ識別ID = "_s},
     };
@@ -85,10 +86,10 @@ const records::ListDescription& customerList()
 const QStringList& customerTexts()
 {
     static const QStringList columns{
-        u"表示名ﾌﾘｶﾞﾅ"_s, u"表示名"_s,       u"ﾕｰｻﾞｰ名ﾌﾘｶﾞﾅ"_s, u"ﾕｰｻﾞｰ名"_s,
-        u"自宅TEL"_s,     u"自宅FAX"_s,      u"自宅住所"_s,     u"会社名ﾌﾘｶﾞﾅ"_s,
-        u"会社名"_s,      u"部署"_s,         u"会社TEL"_s,      u"会社FAX"_s,
-        u"会社住所"_s,    u"E-MAIL"_s,       u"URL"_s,          u"備考"_s,
+        u"表示名ﾌﾘｶﾞﾅ"_s, u"表示名"_s,  u"ﾕｰｻﾞｰ名ﾌﾘｶﾞﾅ"_s, u"ﾕｰｻﾞｰ名"_s,
+        u"自宅TEL"_s,     u"自宅FAX"_s, u"自宅住所"_s,     u"会社名ﾌﾘｶﾞﾅ"_s,
+        u"会社名"_s,      u"部署"_s,    u"会社TEL"_s,      u"会社FAX"_s,
+        u"会社住所"_s,    u"E-MAIL"_s,  u"URL"_s,          u"備考"_s,
     };
     return columns;
 }

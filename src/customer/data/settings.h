@@ -9,7 +9,7 @@ namespace customer::settings {
 using records::Setting;
 
 // What the main screen showed last, kept while 前回表示 is する (0).
-inline constexpr Setting FirstTab{u"顧客初期ﾀﾌﾞ"};     // the page of its tab control
+inline constexpr Setting FirstTab{u"顧客初期ﾀﾌﾞ"};      // the page of its tab control
 inline constexpr Setting CustomerView{u"顧客表示方法"}; // the node of the customer index
 inline constexpr Setting CaseView{u"件名表示方法"};     // the node of the case index
 inline constexpr Setting RememberView{u"前回表示"};     // 0 = する, 1 = しない
@@ -39,8 +39,8 @@ inline constexpr Setting LogsShown{u"ログ表示数", 100, 0};
 
 inline constexpr Setting RecentCustomerDays{u"最近更新顧客表示日数", 7, 7};
 inline constexpr Setting RecentCaseDays{u"最近更新件名ログ表示日数", 7, 7};
-inline constexpr Setting ShowSchedule{u"予定表示"};       // 0 = する, 1 = しない
-inline constexpr Setting CaseDateShown{u"件名表示日"};    // 0 both, 1 登録日 alone, 2 予定日 alone
+inline constexpr Setting ShowSchedule{u"予定表示"};    // 0 = する, 1 = しない
+inline constexpr Setting CaseDateShown{u"件名表示日"}; // 0 both, 1 登録日 alone, 2 予定日 alone
 inline constexpr Setting EmphasizePlanned{u"件名予定強調"}; // 1 = あり
 
 } // namespace customer::settings

@@ -68,10 +68,9 @@ records::RelatedFiles madeOf(const records::RecordTable& table, const QString& r
 
 const records::RelatedFiles& customerFiles()
 {
-    static const records::RelatedFiles files =
-        madeOf(customerFileTable(), OfCustomer,
-               {u" WHERE ﾕｰｻﾞｰID ="_s, Id, u" and ﾕｰｻﾞｰ関連識別ID="_s},
-               u" ショートカットを削除しますか？"_s);
+    static const records::RelatedFiles files = madeOf(
+        customerFileTable(), OfCustomer, {u" WHERE ﾕｰｻﾞｰID ="_s, Id, u" and ﾕｰｻﾞｰ関連識別ID="_s},
+        u" ショートカットを削除しますか？"_s);
     return files;
 }
 

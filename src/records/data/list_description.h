@@ -58,7 +58,7 @@ struct ListDescription {
     QString id;
     QString stamp;
     QList<ListColumn> columns;
-    QString check = {}; // the field of the check box: ticked when 1; empty: no check boxes
+    QString check = {};    // the field of the check box: ticked when 1; empty: no check boxes
     QString tieBreak = {}; // " ,..."; always ascending
 
     // Settings: the order's number among `choices`, 1 for descending, and the rows of a page.

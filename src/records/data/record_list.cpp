@@ -18,10 +18,7 @@ const QString UnreadableText = QStringLiteral("（読めない行）");
 
 RecordList::RecordList(Database& data, const ListDescription& list, const QString& statement,
                        int pageSize, Emphasis emphasis)
-    : m_data(data),
-      m_list(list),
-      m_emphasis(std::move(emphasis)),
-      m_pageSize(std::max(pageSize, 0))
+    : m_data(data), m_list(list), m_emphasis(std::move(emphasis)), m_pageSize(std::max(pageSize, 0))
 {
     m_rows.setPageSize(m_pageSize > 0 ? pageSize : BlockSize);
     m_readable = m_rows.open(statement, data.connection);
@@ -157,8 +154,8 @@ core::ListRow RecordList::unreadableRow() const
 core::ListRow RecordList::currentRow() const
 {
     const core::RecordKey key{m_rows.value(m_at.updateId).toInteger(),
-                        m_rows.value(m_at.mark).toInteger(), m_rows.value(m_at.id).toInteger(),
-                        m_rows.value(m_at.stamp).toText()};
+                              m_rows.value(m_at.mark).toInteger(),
+                              m_rows.value(m_at.id).toInteger(), m_rows.value(m_at.stamp).toText()};
     core::ListRow row;
     row.key = key.toText();
     row.cells.reserve(static_cast<qsizetype>(m_at.cells.size()));
@@ -167,8 +164,7 @@ core::ListRow RecordList::currentRow() const
     row.checked = m_at.check >= 0 && m_rows.value(m_at.check).toInteger() == 1;
     if (m_emphasis) {
         const qint64 before = (m_page - 1) * m_pageSize;
-        row.emphasis =
-            m_emphasis(m_rows, static_cast<int>(m_rows.absolutePosition() - before) - 1);
+        row.emphasis = m_emphasis(m_rows, static_cast<int>(m_rows.absolutePosition() - before) - 1);
     }
     return row;
 }

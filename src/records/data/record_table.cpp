@@ -49,8 +49,8 @@ std::optional<FieldValues> keptOf(Database& data, const ParentLink& link,
 bool touch(Database& data, const RecordTable& table, const Record& record)
 {
     return std::ranges::all_of(table.touched, [&](const TouchedRow& row) {
-        return touchRow(data, row.query + record.text(row.column) + row.clause
-                            + record.text(row.otherColumn));
+        return touchRow(
+            data, row.query + record.text(row.column) + row.clause + record.text(row.otherColumn));
     });
 }
 
@@ -159,8 +159,8 @@ FieldValues derivedOf(Database& data, const RecordTable& table, const FieldValue
 
 storage::Value Record::value(QStringView column) const
 {
-    const auto found =
-        std::ranges::find(fields, column, [](const auto& field) { return QStringView(field.first); });
+    const auto found = std::ranges::find(
+        fields, column, [](const auto& field) { return QStringView(field.first); });
     Q_ASSERT(found != fields.cend());
     return found == fields.cend() ? storage::Value() : found->second;
 }
@@ -263,7 +263,8 @@ SaveResult changeRecord(Database& data, const RecordTable& table, const core::Re
         return SaveResult::Refused;
     const FieldValues written = keptForm(table, edited);
     return saveResultOf(runChecked(
-        data, table.rowQuery.with(key), key.stamp, core::SaveFailedText, [&](storage::Recordset& row) {
+        data, table.rowQuery.with(key), key.stamp, core::SaveFailedText,
+        [&](storage::Recordset& row) {
             if (!setAll(row, written)
                 || !putFields(data, row, derivedOf(data, table, recordOf(table, row).fields))
                 || !row.update())
@@ -296,8 +297,7 @@ DeleteResult removeRecord(Database& data, const RecordTable& table, const core::
     const KeyedText& query = table.deleteQuery.text.isEmpty() ? table.rowQuery : table.deleteQuery;
     return deleteResultOf(runChecked(
         data, query.with(key), key.stamp, core::DeleteFailedText, [&](storage::Recordset& row) {
-            return runCascade(data, table.cascade, key)
-                && touch(data, table, recordOf(table, row));
+            return runCascade(data, table.cascade, key) && touch(data, table, recordOf(table, row));
         }));
 }
 

@@ -52,7 +52,7 @@ struct Record {
 // A record that another one belongs to, found by its ID and mark.
 struct ParentLink {
     KeyedText query;
-    QString idColumn;   // of the child: gets the parent's ID
+    QString idColumn;        // of the child: gets the parent's ID
     QString markColumn = {}; // gets its mark; empty: the child keeps no mark of this parent
     // Further columns of the child, and the parent's columns that they are taken from.
     QList<std::pair<QString, QString>> inherited = {};
@@ -102,8 +102,8 @@ struct RecordTable {
     QList<NumberColumn> numbers = {};
     // Whether what was entered may be saved; may be empty: everything may.
     Refusing refusal = {};
-    // What is written besides: 最近更新日時, and whatever follows from the row as it will stand; may
-    // be empty.
+    // What is written besides: 最近更新日時, and whatever follows from the row as it will stand;
+    // may be empty.
     std::function<FieldValues(const FieldValues& row, const QDateTime& now)> derived = {};
 };
 
@@ -122,8 +122,9 @@ std::optional<Refusal> refusalOf(const RecordTable& table, const FieldValues& en
 
 // Appends a record under its parents, whose IDs and marks stand in `parents` in the order of the
 // table's. The first parent that is gone is told. `added` receives the record as it was written.
-SaveResult addRecord(Database& data, const RecordTable& table, const QList<core::RecordKey>& parents,
-                     const FieldValues& entered, Record* added = nullptr);
+SaveResult addRecord(Database& data, const RecordTable& table,
+                     const QList<core::RecordKey>& parents, const FieldValues& entered,
+                     Record* added = nullptr);
 // Changes a record that was shown with this key. Of `entered` only what differs from `shown` is
 // written, with what is derived from the row as it will then stand. The user is asked when it was
 // changed meanwhile, outside the transaction, so that nobody else waits for the answer.

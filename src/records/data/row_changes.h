@@ -25,7 +25,8 @@ bool runSteps(Database& data, const ChangeSteps& steps);
 
 // Whether a query finds a row; nullopt when the engine cannot say.
 std::optional<bool> rowStands(Database& data, const QString& query);
-// Puts fields and then 更新日時 (the present moment) into the current row, which is not yet written.
+// Puts fields and then 更新日時 (the present moment) into the current row, which is not yet
+// written.
 bool putFields(Database& data, storage::Recordset& row, const FieldValues& fields);
 // Writes fields and then 更新日時 into the row that a query finds. False when there is no such row
 // or the engine refused.

@@ -73,8 +73,7 @@ void BoundFields::bind(QDateEdit* field, const QString& column, QCheckBox* only)
     };
     m_bound.push_back({field, column, show, [field, only] {
                            const bool has = !only || only->isChecked();
-                           return storage::Value(has ? text::formatDate(field->date())
-                                                     : QString());
+                           return storage::Value(has ? text::formatDate(field->date()) : QString());
                        }});
 }
 
@@ -84,8 +83,8 @@ void BoundFields::bind(QTimeEdit* field, const QString& column)
         if (const std::optional<QTime> time = text::parseTime(value.toText()))
             field->setTime(*time);
     };
-    m_bound.push_back({field, column, show,
-                       [field] { return storage::Value(text::formatTime(field->time())); }});
+    m_bound.push_back(
+        {field, column, show, [field] { return storage::Value(text::formatTime(field->time())); }});
 }
 
 void BoundFields::fill(const FieldValues& record) const

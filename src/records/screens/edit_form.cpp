@@ -145,8 +145,8 @@ void EditForm::Command1_Click()
 void EditForm::focusRefused()
 {
     const FieldValues entered = m_fields.values();
-    const std::optional<Refusal> refusal = refusalOf(
-        m_table, entered, isAdding() ? entered : editedOf(entered, m_filled));
+    const std::optional<Refusal> refusal =
+        refusalOf(m_table, entered, isAdding() ? entered : editedOf(entered, m_filled));
     if (QWidget* const field = refusal ? m_fields.widgetOf(refusal->column) : nullptr)
         field->setFocus();
 }

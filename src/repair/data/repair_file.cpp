@@ -44,8 +44,9 @@ const records::DataFileForm& repairForm()
 {
     static const storage::schema::Definition definition =
         storage::schema::repairFile(storage::schema::Version::V311);
-    static const records::DataFileForm form{u"修理"_s, u"修理管理のデータファイルではありません。"_s,
-                                         upgradeStatements(), upgradeDefaults(), definition};
+    static const records::DataFileForm form{u"修理"_s,
+                                            u"修理管理のデータファイルではありません。"_s,
+                                            upgradeStatements(), upgradeDefaults(), definition};
     return form;
 }
 
