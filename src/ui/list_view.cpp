@@ -12,6 +12,8 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 
+#include <utility>
+
 namespace ui {
 namespace {
 
@@ -98,11 +100,12 @@ void ListView::fill(std::shared_ptr<core::ListSource> source)
     scrollToTop();
 }
 
-void ListView::refill(std::shared_ptr<core::ListSource> source)
+void ListView::refill(std::shared_ptr<core::ListSource> source, int row)
 {
     const QString key = currentKey();
-    const int row = currentIndex().row();
-    const bool wasSelected = row >= 0 && selectionModel()->isRowSelected(row, {});
+    const int before = currentIndex().row();
+    const bool wasSelected = before >= 0 && selectionModel()->isRowSelected(before, {});
+    row = row < 0 ? before : row;
     const int position = verticalScrollBar()->value();
     m_refilling = true;
     m_model->setSource(std::move(source));
@@ -110,7 +113,7 @@ void ListView::refill(std::shared_ptr<core::ListSource> source)
         findAgain(key, row, wasSelected);
     m_refilling = false;
     if (!key.isEmpty() && !currentIndex().isValid())
-        emit currentRowChanged(-1);
+        tellCurrent(-1);
     executeDelayedItemsLayout();
     verticalScrollBar()->setValue(position);
 }
@@ -192,6 +195,21 @@ void ListView::keyPressEvent(QKeyEvent* event)
     QTreeView::keyPressEvent(event);
 }
 
+void ListView::mousePressEvent(QMouseEvent* event)
+{
+    m_pressed = true;
+    m_pressedAnother = false;
+    m_pressedColumn = indexAt(event->position().toPoint()).column();
+    QTreeView::mousePressEvent(event);
+}
+
+void ListView::mouseReleaseEvent(QMouseEvent* event)
+{
+    QTreeView::mouseReleaseEvent(event);
+    if (std::exchange(m_pressed, false) && m_pressedColumn >= 0 && currentIndex().isValid())
+        emit chosen(currentIndex().row(), m_pressedColumn, m_pressedAnother);
+}
+
 // The base class takes every button for a double click, and two quick clicks on a check box too.
 void ListView::mouseDoubleClickEvent(QMouseEvent* event)
 {
@@ -231,14 +249,23 @@ void ListView::reset()
 {
     QTreeView::reset();
     if (!m_refilling)
-        emit currentRowChanged(-1);
+        tellCurrent(-1);
+}
+
+void ListView::tellCurrent(int row)
+{
+    emit currentRowChanged(row);
+    if (m_pressed && row >= 0)
+        m_pressedAnother = true;
+    else
+        emit chosen(row, -1, true);
 }
 
 void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTreeView::currentChanged(current, previous);
     if (!m_refilling && current.row() != previous.row())
-        emit currentRowChanged(current.isValid() ? current.row() : -1);
+        tellCurrent(current.isValid() ? current.row() : -1);
 }
 
 } // namespace ui

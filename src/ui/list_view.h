@@ -23,7 +23,6 @@ public:
 
     // Takes a model that must live as long as the view.
     void setListModel(PagedListModel* model);
-    PagedListModel* listModel() const { return m_model; }
 
     // Row colours are meant for a light ground: keeps one also under a dark theme.
     void keepLightBase();
@@ -35,8 +34,8 @@ public:
     // Shows the rows of another source, from the top, with no row selected.
     void fill(std::shared_ptr<core::ListSource> source);
     // Shows the same list read anew, on its source's page: the current row and the scroll position
-    // stay when the same record still stands there or nearby.
-    void refill(std::shared_ptr<core::ListSource> source);
+    // stay when the same record still stands there or nearby. `row`: where it stands now, if known.
+    void refill(std::shared_ptr<core::ListSource> source, int row = -1);
     // Turns to a page of the source.
     void turnTo(qint64 page);
     // The selected rows as text; also put on the clipboard by copySelection().
@@ -49,6 +48,10 @@ signals:
     // Another row has become the current one, or none (-1). Not given when the list is refilled and
     // the same record stays current.
     void currentRowChanged(int row);
+    // A row was chosen: it has become the current one by keys (column -1), or it was clicked in a
+    // column, which counts once, when the button is let go. `another`: it was not the current row
+    // before. No row (-1): there is no current row any more.
+    void chosen(int row, int column, bool another);
     // A column's header was clicked.
     void headerClicked(int column);
     // The context menu is wanted, by mouse or by key, at a point of the screen.
@@ -57,6 +60,8 @@ signals:
 protected:
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     // Typing letters looks for nothing: that would read the whole list.
@@ -65,12 +70,16 @@ protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
+    void tellCurrent(int row);
     bool toggleCheck();
     bool isOnCheckBox(const QPoint& place) const;
     void findAgain(const QString& key, int row, bool wasSelected);
 
     PagedListModel* m_model = nullptr;
     bool m_refilling = false;
+    bool m_pressed = false;       // a mouse button is down
+    bool m_pressedAnother = false; // and has chosen another row
+    int m_pressedColumn = -1;
 };
 
 } // namespace ui

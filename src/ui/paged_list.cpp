@@ -10,6 +10,17 @@ namespace {
 // Long enough for the window system to show the rows before they are counted.
 constexpr int CountingDelay = 20; // ms
 
+qint64 pageOf(const core::ListSource& source, qint64 place)
+{
+    return source.pageSize() > 0 ? (place - 1) / source.pageSize() + 1 : 1;
+}
+
+// On its page.
+int rowOf(const core::ListSource& source, qint64 place)
+{
+    return static_cast<int>(source.pageSize() > 0 ? (place - 1) % source.pageSize() : place - 1);
+}
+
 } // namespace
 
 PagedList::PagedList(ListView& view, PageScrollBar& pages, Counters* counters,
@@ -44,6 +55,37 @@ void PagedList::refill(std::shared_ptr<core::ListSource> source, TableRows table
     m_counting.start();
 }
 
+void PagedList::reorder(std::shared_ptr<core::ListSource> source, TableRows tableRows)
+{
+    const core::RecordKey key = core::RecordKey::fromText(m_view.currentKey());
+    const qint64 place = key.isNone() ? 0 : source->positionOf(key);
+    if (place <= 0) {
+        fill(std::move(source), std::move(tableRows));
+        return;
+    }
+    m_tableRows = std::move(tableRows);
+    source->setPage(pageOf(*source, place));
+    const int row = rowOf(*source, place);
+    m_view.refill(std::move(source), row);
+    m_view.scrollTo(m_model.index(row, 0));
+    showCurrent();
+    m_counting.start();
+}
+
+bool PagedList::turnTo(const core::RecordKey& key)
+{
+    core::ListSource* const source = m_model.source();
+    const qint64 place = source ? source->positionOf(key) : 0;
+    if (place <= 0)
+        return false;
+    const qint64 page = pageOf(*source, place);
+    if (page != source->page())
+        m_view.turnTo(page);
+    m_view.selectRow(rowOf(*source, place));
+    m_counting.start();
+    return true;
+}
+
 void PagedList::clear()
 {
     m_counting.stop();
@@ -59,12 +101,7 @@ qint64 PagedList::currentPlace()
     const int row = m_view.currentIndex().row();
     if (!source || row < 0)
         return 0;
-    if (source->page() == 1)
-        return row + 1;
-    // Only the last page may be shorter than the others.
-    const bool isLast = source->page() == source->pageCount();
-    const qint64 before =
-        isLast ? source->total() - source->count() : (source->page() - 1) * source->count();
+    const qint64 before = (source->page() - 1) * source->pageSize();
     return before + row + 1;
 }
 
@@ -75,16 +112,21 @@ void PagedList::count()
         return;
     m_pages.setPages(source->page(), source->pageCount());
     if (m_counters) {
-        m_counters->setTotal(m_tableRows());
-        m_counters->setMost(source->total());
+        m_counters->setTotal(m_countsPages ? source->total() : m_tableRows());
+        const qint64 rows = source->total();
+        m_counters->setMost(m_countsPages && rows > 0 ? source->pageCount() : rows);
     }
+    showCurrent();
     emit counted();
 }
 
 void PagedList::showCurrent()
 {
-    if (m_counters)
-        m_counters->setCurrent(currentPlace());
+    if (!m_counters)
+        return;
+    core::ListSource* const source = m_model.source();
+    const bool hasRows = source && m_model.rowCount() > 0;
+    m_counters->setCurrent(!m_countsPages ? currentPlace() : hasRows ? source->page() : 0);
 }
 
 } // namespace ui

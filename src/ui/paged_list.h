@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/data/record_key.h"
 #include "ui/paged_list_model.h"
 
 #include <QObject>
@@ -32,8 +33,16 @@ public:
     // Shows the same list read anew, on the page that is shown now; the selection stays where its
     // record is still there.
     void refill(std::shared_ptr<core::ListSource> source, TableRows tableRows);
+    // Shows the same rows in another order, on the page where the selected record now stands; it
+    // stays selected. Without one: from the first row on.
+    void reorder(std::shared_ptr<core::ListSource> source, TableRows tableRows);
+    // Turns to the page of a record and selects it; false when it is not among the rows.
+    bool turnTo(const core::RecordKey& key);
     // Empties the list; its counters go to 0.
     void clear();
+
+    // What the counters say: rows of the table, place, rows listed; or rows listed, page, pages.
+    void countPages(bool pages) { m_countsPages = pages; }
 
     // Place of the current row among the rows of all pages, from 1; 0 when there is none.
     qint64 currentPlace();
@@ -52,6 +61,7 @@ private:
     PagedListModel m_model;
     TableRows m_tableRows;
     QTimer m_counting;
+    bool m_countsPages = false;
 };
 
 } // namespace ui

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/data/list_source.h"
+#include "core/data/record_key.h"
 
 #include <algorithm>
 
@@ -23,6 +24,7 @@ public:
     {
         return m_pageSize == 0 ? 1 : std::max<qint64>(1, (m_rows + m_pageSize - 1) / m_pageSize);
     }
+    qint64 pageSize() const override { return m_pageSize; }
     qint64 page() const override { return m_page; }
     void setPage(qint64 page) override { m_page = std::clamp<qint64>(page, 1, pageCount()); }
 
@@ -36,6 +38,11 @@ public:
              ++row)
             found.append(make(row + 1));
         return found;
+    }
+
+    qint64 positionOf(const core::RecordKey& key) override
+    {
+        return key.id <= m_rows ? key.id : 0;
     }
 
     static core::ListRow make(qint64 number)

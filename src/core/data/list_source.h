@@ -31,6 +31,8 @@ public:
     virtual qint64 total() { return count(); }
     // At least 1.
     virtual qint64 pageCount() { return 1; }
+    // Rows of a full page; 0: all rows are one page.
+    virtual qint64 pageSize() const { return 0; }
     // The page shown, from 1.
     virtual qint64 page() const { return 1; }
     // A page that is not there becomes the nearest one.

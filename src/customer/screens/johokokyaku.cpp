@@ -5,20 +5,16 @@
 #include "customer/data/cases.h"
 #include "customer/data/customers.h"
 #include "customer/data/logs.h"
-#include "customer/data/settings.h"
 #include "customer/data/shortcuts.h"
+#include "customer/screens/lists.h"
 #include "records/data/record_list.h"
 #include "records/screens/desk.h"
-#include "records/screens/shortcut_desk.h"
+#include "records/screens/related_files_list.h"
 #include "text/lines.h"
-#include "ui/twips.h"
-#include "ui/window_placement.h"
 #include "ui_johokokyaku.h"
 
 #include <QClipboard>
-#include <QCloseEvent>
 #include <QGuiApplication>
-#include <QScreen>
 
 using namespace Qt::StringLiterals;
 
@@ -26,7 +22,7 @@ namespace customer {
 
 johokokyaku::johokokyaku(const records::Desk& desk, const records::Settings& settings,
                          QWidget* parent)
-    : QWidget(parent, Qt::Tool),
+    : DetailWindow(parent),
       m_ui(std::make_unique<Ui::johokokyaku>()),
       m_desk(desk),
       m_settings(settings),
@@ -36,12 +32,11 @@ johokokyaku::johokokyaku(const records::Desk& desk, const records::Settings& set
       m_logs({u"記録日"_s, u"記録者"_s, u"ログ"_s})
 {
     m_ui->setupUi(this);
-    setAttribute(Qt::WA_ShowWithoutActivating); // the keyboard stays with the list
     QFont large = m_ui->lblName->font();
     large.setBold(true);
     m_ui->lblName->setFont(large);
     addInfoRows();
-    m_shortcuts = std::make_unique<records::ShortcutDesk>(desk, customerFiles(), *m_ui->ListView6,
+    m_shortcuts = std::make_unique<records::RelatedFilesList>(desk, customerFiles(), *m_ui->ListView6,
                                                           *m_ui->Command4, *m_ui->Command5,
                                                           u"顧客が選択されていません。"_s);
     m_ui->ListView3->setListModel(&m_logs);
@@ -66,6 +61,11 @@ void johokokyaku::addInfoRows()
         m_ui->infoRows->addRow(column, value);
         m_values.push_back(value);
     }
+}
+
+bool johokokyaku::showRecord(int list, const core::RecordKey& key)
+{
+    return list == Lists::Customers ? showCustomer(key) : showCase(key);
 }
 
 bool johokokyaku::showCustomer(const core::RecordKey& key)
@@ -139,18 +139,6 @@ void johokokyaku::refill()
         hide();
 }
 
-void johokokyaku::moveToKeptPlace()
-{
-    const QPoint kept(ui::pixelsFromTwips(m_settings[settings::DetailLeft]),
-                      ui::pixelsFromTwips(m_settings[settings::DetailTop]));
-    const QRect wanted(kept, size());
-    QRect seen = ui::fitInto(ui::areaFor(*this, wanted), wanted);
-    // A place that was never saved is 0, 0, where the window would hide the index.
-    if (kept.isNull())
-        seen.moveTopRight(screen()->availableGeometry().topRight());
-    move(seen.topLeft());
-}
-
 void johokokyaku::MAIL_Click()
 {
     openTarget(u"mailto:"_s + m_kept.text(u"E-MAIL"));
@@ -169,21 +157,6 @@ void johokokyaku::openTarget(const QString& target)
 void johokokyaku::UserText_Click()
 {
     QGuiApplication::clipboard()->setText(customerText(m_kept));
-}
-
-void johokokyaku::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Escape)
-        close();
-    else
-        QWidget::keyPressEvent(event);
-}
-
-void johokokyaku::closeEvent(QCloseEvent* event)
-{
-    QWidget::closeEvent(event);
-    if (event->isAccepted())
-        emit closed();
 }
 
 } // namespace customer

@@ -2,9 +2,8 @@
 
 #include "records/data/record_table.h"
 #include "records/data/settings.h"
+#include "records/screens/detail_window.h"
 #include "ui/paged_list_model.h"
-
-#include <QWidget>
 
 #include <memory>
 #include <vector>
@@ -13,7 +12,7 @@ class QLabel;
 
 namespace records {
 struct Desk;
-class ShortcutDesk;
+class RelatedFilesList;
 } // namespace records
 
 namespace Ui {
@@ -23,32 +22,20 @@ class johokokyaku;
 namespace customer {
 
 // The floating window with all details of the customer that is selected on the main screen.
-class johokokyaku : public QWidget {
+class johokokyaku : public records::DetailWindow {
     Q_OBJECT
 
 public:
     johokokyaku(const records::Desk& desk, const records::Settings& settings, QWidget* parent);
     ~johokokyaku() override;
 
-    // Fills the window from a customer. False when the customer is no longer there; the window then
-    // shows what it showed.
-    bool showCustomer(const core::RecordKey& key);
-    // Fills it from a case: its customer, and the case's logs on the log tab.
-    bool showCase(const core::RecordKey& key);
-    // Moves the window to the place that the settings keep.
-    void moveToKeptPlace();
-    // Reads what is shown again; closes when the customer has gone.
-    void refill();
-
-signals:
-    // The user closed the window.
-    void closed();
-
-protected:
-    void closeEvent(QCloseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
+    // A customer, or the customer of a case with the case's logs on the log tab.
+    bool showRecord(int list, const core::RecordKey& key) override;
+    void refill() override;
 
 private:
+    bool showCustomer(const core::RecordKey& key);
+    bool showCase(const core::RecordKey& key);
     void MAIL_Click();
     void URL_Click();
     void UserText_Click();
@@ -60,7 +47,7 @@ private:
     std::unique_ptr<Ui::johokokyaku> m_ui;
     const records::Desk& m_desk;
     const records::Settings& m_settings;
-    std::unique_ptr<records::ShortcutDesk> m_shortcuts;
+    std::unique_ptr<records::RelatedFilesList> m_shortcuts;
     ui::PagedListModel m_items; // their screens come later: the places are kept, empty
     ui::PagedListModel m_deliveries;
     ui::PagedListModel m_logs;

@@ -1,10 +1,7 @@
 #pragma once
 
 #include "customer/data/customer_file.h"
-#include "customer/data/settings.h"
-#include "customer/screens/desk.h"
-
-#include <QMainWindow>
+#include "records/screens/main_shell.h"
 
 #include <memory>
 
@@ -13,16 +10,18 @@ class QMenu;
 namespace Ui {
 class kokyaku;
 }
+namespace records {
+class Drafts;
+}
 
 namespace customer {
 
+class CaseView;
 class KokyakuCommands;
-class KokyakuWindows;
-struct Selection;
 
 // The main screen of the customer side: index and schedule on the left, customers, their cases and
 // the cases' logs on the right. It owns the open data file and closes it when it is closed itself.
-class kokyaku : public QMainWindow {
+class kokyaku : public records::MainShell {
     Q_OBJECT
 
 public:
@@ -32,51 +31,41 @@ public:
             QWidget* parent = nullptr);
     ~kokyaku() override;
 
-    // Reads all lists again after something was written: counters, customers, cases, logs.
-    void refillLists();
-
-signals:
-    // The screen was closed and its file with it: the menu is to be shown again.
-    void closed();
+    // Counters, customers, cases, logs, in this order.
+    void refillLists() override;
 
 protected:
-    void closeEvent(QCloseEvent* event) override;
+    void refreshAll() override;
+    void saveView() override;
+    void Form_Unload() override;
 
 private:
     void Form_Load();
-    void Form_Unload();
-    void Toolbar1_ButtonClick(QAction* button);
-    void customerChosen(int column = -1);
-    void caseChosen(int column = -1);
-    void logChosen(int column = -1);
-    void MenuKanrneHyouzi_Click();
-    void MenuRogKenHyouzi_Click();
-    void findCases();
-
-    void refillCustomersAndCases();
-    Selection selection() const;
-    void connectPanes();
+    void fillIndex();
+    void connectLists();
     void connectCommands();
-    void connectWindows();
+    void customerChosen(bool another, int column);
+    void caseChosen(bool another, int column);
+    void logChosen(bool another, int column);
+    void showCasesOfCustomer();
+    void showLogsOfCase();
+    void refillCustomersAndCases();
+
+    // kokyaku_menus.cpp
     void addMenus();
     QMenu* displayMenu();
-    QAction* entryFor(QAction& command, const QString& name);
     QList<QAction*> laterScreens();
-    void addKeys();
-    void showStatus();
-    void restoreDesk();
-    void saveDesk() const;
+    void findCases();
+    void MenuKanrneHyouzi_Click();
+    void MenuRogKenHyouzi_Click();
+
     void restoreView();
-    void saveView();
 
     std::unique_ptr<Ui::kokyaku> m_ui;
     std::unique_ptr<CustomerFile> m_file;
-    Desk m_desk;
-    Settings m_settings;
-    QAction* m_casesOfCustomer = nullptr; // MenuKenHyouzi
-    QAction* m_caseOfLog = nullptr;       // MenuRogKenHyouzi
+    CaseView* m_cases = nullptr;
     KokyakuCommands* m_commands = nullptr;
-    KokyakuWindows* m_windows = nullptr;
+    records::FloatingWindows* m_windows = nullptr;
 };
 
 } // namespace customer

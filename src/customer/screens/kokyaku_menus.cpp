@@ -1,10 +1,11 @@
 #include "core/data/messages.h"
-#include "records/data/record_check.h"
 #include "core/data/shared.h"
 #include "customer/data/logs.h"
+#include "customer/screens/case_view.h"
 #include "customer/screens/kokyaku.h"
 #include "customer/screens/kokyaku_commands.h"
-#include "customer/screens/kokyaku_windows.h"
+#include "customer/screens/lists.h"
+#include "records/screens/floating_windows.h"
 #include "ui/list_view.h"
 #include "ui_kokyaku.h"
 
@@ -18,39 +19,43 @@ namespace customer {
 
 void kokyaku::addMenus()
 {
-    auto* const files = new QAction(u"関連ﾌｧｲﾙを表示(&F)"_s, this);
-    files->setObjectName(u"MenuKanrneHyouzi"_s);
-    connect(files, &QAction::triggered, this, &kokyaku::MenuKanrneHyouzi_Click);
-    m_caseOfLog = new QAction(u"件名を表示(&K)"_s, this);
-    m_caseOfLog->setObjectName(u"MenuRogKenHyouzi"_s);
-    m_caseOfLog->setEnabled(false);
-    connect(m_caseOfLog, &QAction::triggered, this, &kokyaku::MenuRogKenHyouzi_Click);
-    m_casesOfCustomer = new QAction(u"件名を表示(&H)"_s, this);
-    m_casesOfCustomer->setObjectName(u"MenuKenHyouzi"_s);
-    m_casesOfCustomer->setEnabled(false);
-    connect(m_casesOfCustomer, &QAction::triggered, this, [this] {
-        customerChosen();
-        m_ui->cases->view().setFocus();
+    m_commands->add({
+        {u"MenuKanrneHyouzi"_s, u"関連ﾌｧｲﾙを表示(&F)"_s, [this] { MenuKanrneHyouzi_Click(); }},
+        {u"MenuRogKenHyouzi"_s, u"件名を表示(&K)"_s, [this] { MenuRogKenHyouzi_Click(); },
+         [](const auto& selected) { return selected.has(Lists::Logs); }},
+        {u"MenuKenHyouzi"_s, u"件名を表示(&H)"_s,
+         [this] {
+             showCasesOfCustomer();
+             m_ui->cases->view().setFocus();
+         },
+         [](const auto& selected) { return selected.has(Lists::Customers); }},
+        {u"MenuYoteiEdit"_s, u"予定を編集(&E)"_s,
+         [this] {
+             m_commands->editSchedule(
+                 core::RecordKey::fromText(m_ui->schedule->view().currentKey()));
+         }},
     });
-
-    const CommandActions& commands = m_commands->actions();
-    const WindowActions& windows = m_windows->actions();
-    m_ui->customers->setActions(
-        QList<QAction*>{commands.MenuUserListKyakuAdd, commands.MenuUserListKyakuSansyoAdd,
-                        commands.MenuUserListKyakuEdit, commands.MenuUserListKenAdd,
-                        m_casesOfCustomer, windows.showDetail}
-        + laterScreens());
-    m_ui->cases->setActions({entryFor(*commands.MenuUserListKyakuAdd, u"MenuKenListKokyakuAdd"_s),
-                             commands.MenuKenListKenAdd, commands.MenuKenListKenEdit,
-                             commands.MenuKenListRogAdd, files, windows.showCaseDetail,
-                             displayMenu()->menuAction()});
+    const auto actions = [this](const QStringList& names) {
+        QList<QAction*> found;
+        for (const QString& name : names)
+            found.append(m_commands->action(name));
+        return found;
+    };
+    const QList<QAction*>& windows = m_windows->modeActions(); // customer, case, preview
+    m_ui->customers->setActions(actions({u"MenuUserListKyakuAdd"_s, u"MenuUserListKyakuSansyoAdd"_s,
+                                         u"MenuUserListKyakuEdit"_s, u"MenuUserListKenAdd"_s,
+                                         u"MenuKenHyouzi"_s})
+                                + QList<QAction*>{windows.at(0)} + laterScreens());
+    m_ui->cases->setActions(
+        QList<QAction*>{
+            m_commands->entryFor(u"MenuUserListKyakuAdd"_s, u"MenuKenListKokyakuAdd"_s)}
+        + actions({u"MenuKenListKenAdd"_s, u"MenuKenListKenEdit"_s, u"MenuKenListRogAdd"_s,
+                   u"MenuKanrneHyouzi"_s})
+        + QList<QAction*>{windows.at(1), displayMenu()->menuAction()});
     m_ui->logs->setActions(
-        {commands.MenuRogListAdd, commands.MenuRogListEdit, m_caseOfLog, windows.showPreview});
-    auto* const editEntry = new QAction(u"予定を編集(&E)"_s, this);
-    connect(editEntry, &QAction::triggered, this, [this] {
-        m_commands->editSchedule(core::RecordKey::fromText(m_ui->schedule->view().currentKey()));
-    });
-    m_ui->schedule->setActions({commands.MenuYoteiAdd, editEntry});
+        actions({u"MenuRogListAdd"_s, u"MenuRogListEdit"_s, u"MenuRogKenHyouzi"_s})
+        + QList<QAction*>{windows.at(2)});
+    m_ui->schedule->setActions(actions({u"MenuYoteiAdd"_s, u"MenuYoteiEdit"_s}));
 
     auto* const display = new QToolButton(this);
     display->setObjectName(u"ToolDisplay"_s);
@@ -61,22 +66,10 @@ void kokyaku::addMenus()
     display->setFocusPolicy(Qt::TabFocus);
     auto* const menu = displayMenu();
     menu->addSeparator();
-    menu->addActions(
-        {windows.showDetail, windows.showCaseDetail, windows.showPreview, windows.ichi});
+    menu->addActions(windows);
+    menu->addAction(m_windows->ichi());
     display->setMenu(menu);
     m_ui->Toolbar1->insertWidget(m_ui->ToolHelp, display);
-}
-
-// An entry under a name of its own that does what another does.
-QAction* kokyaku::entryFor(QAction& command, const QString& name)
-{
-    const QString key = command.shortcut().toString(QKeySequence::NativeText);
-    auto* const entry = new QAction(command.text() + u'\t' + key, this);
-    entry->setObjectName(name);
-    entry->setEnabled(command.isEnabled());
-    connect(&command, &QAction::enabledChanged, entry, &QAction::setEnabled);
-    connect(entry, &QAction::triggered, &command, &QAction::trigger);
-    return entry;
 }
 
 // Switched off until their screens are there.
@@ -95,25 +88,25 @@ QList<QAction*> kokyaku::laterScreens()
 QMenu* kokyaku::displayMenu()
 {
     auto* const menu = new QMenu(u"件名の表示(&V)"_s, this);
-    m_ui->cases->addViewsTo(*menu);
+    m_cases->addViewsTo(*menu);
     menu->addAction(u"暦の日付の件名表示(&D)"_s, this,
-                    [this] { m_ui->cases->showDay(m_ui->schedule->day()); });
+                    [this] { m_cases->showDay(selection().day()); });
     menu->addAction(u"文字を含む件名表示(&F)..."_s, this, &kokyaku::findCases);
     return menu;
 }
 
 void kokyaku::findCases()
 {
-    const std::optional<QString> text = m_desk.shared.messages.askText(
+    const std::optional<QString> text = desk().shared.messages.askText(
         u"検索する文字を入力して下さい。"_s, QString::fromUtf16(core::AppTitleText), false);
     if (text && !text->isEmpty())
-        m_ui->cases->showText(*text);
+        m_cases->showText(*text);
 }
 
 void kokyaku::MenuKanrneHyouzi_Click()
 {
-    if (m_ui->cases->currentKey().isNone()) {
-        m_desk.shared.messages.refuse(u"件名が選択されていません。"_s);
+    if (!selection().has(Lists::Cases)) {
+        desk().shared.messages.refuse(u"件名が選択されていません。"_s);
         return;
     }
     m_ui->SSTab1->setCurrentWidget(m_ui->pageFiles);
@@ -122,11 +115,11 @@ void kokyaku::MenuKanrneHyouzi_Click()
 
 void kokyaku::MenuRogKenHyouzi_Click()
 {
-    const std::optional<KeptLog> log =
-        records::readOrTell(*m_file, [this] { return readLog(*m_file, m_ui->logs->currentKey()); });
+    const std::optional<records::Record> log =
+        records::readOrTell(desk().file, logTable(), selection().key(Lists::Logs));
     if (!log)
         return;
-    m_ui->cases->showCase({0, log->key.mark, log->caseId, {}});
+    m_cases->showCase({0, log->key.mark, log->number(u"件名ID"), {}});
     m_ui->cases->view().setFocus();
 }
 

@@ -29,6 +29,7 @@ public:
     // Counted when it is first asked for.
     qint64 total() override;
     qint64 pageCount() override;
+    qint64 pageSize() const override { return m_pageSize; }
     qint64 page() const override { return m_page; }
     void setPage(qint64 page) override;
     qint64 count() override;

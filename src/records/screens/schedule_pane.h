@@ -1,6 +1,6 @@
 #pragma once
 
-#include "customer/data/customer_file.h"
+#include "records/data/database.h"
 #include "ui/paged_list_model.h"
 
 #include <QWidget>
@@ -8,32 +8,34 @@
 #include <memory>
 
 namespace Ui {
-class kokyaku_schedule;
+class SchedulePane;
 }
 namespace ui {
 class ListView;
 }
 
-namespace customer {
+namespace records {
+
+class Selection;
 
 // The calendar that marks the days with entries, and the schedule from the chosen day on
 // (ListView8).
-class kokyaku_schedule : public QWidget {
+class SchedulePane : public QWidget {
     Q_OBJECT
 
 public:
-    explicit kokyaku_schedule(QWidget* parent = nullptr);
-    ~kokyaku_schedule() override;
+    explicit SchedulePane(QWidget* parent = nullptr);
+    ~SchedulePane() override;
 
-    void initialize(CustomerFile& file);
-    // Reads marks and entries again; the chosen day stays.
+    // Both live longer; the chosen day is written into the selection.
+    void initialize(Database& database, Selection& selection);
     // Whether the list of entries is shown (予定表示).
     void showEntries(bool shown);
+    // Reads marks and entries again; the chosen day stays.
     void refill();
     void clear();
     QWidget* calendar();
     ui::ListView& view();
-    QDate day() const;
     // What the context menu holds.
     void setActions(const QList<QAction*>& actions) { m_actions = actions; }
 
@@ -42,10 +44,11 @@ private:
     void showDay();
     void markDays();
 
-    std::unique_ptr<Ui::kokyaku_schedule> m_ui;
+    std::unique_ptr<Ui::SchedulePane> m_ui;
     ui::PagedListModel m_model;
-    CustomerFile* m_file = nullptr;
+    Database* m_data = nullptr;
+    Selection* m_selection = nullptr;
     QList<QAction*> m_actions;
 };
 
-} // namespace customer
+} // namespace records

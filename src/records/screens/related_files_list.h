@@ -1,8 +1,7 @@
 #pragma once
 
 #include "core/data/record_key.h"
-#include "customer/data/shortcuts.h"
-#include "customer/screens/desk.h"
+#include "records/data/related_files.h"
 #include "ui/paged_list_model.h"
 
 #include <QObject>
@@ -15,26 +14,24 @@ namespace ui {
 class ListView;
 }
 
-namespace customer {
+namespace records {
 
-// The file shortcuts of one customer or case in a list of a screen: add by dialog or by dropping
+struct Desk;
+
+// The file shortcuts of one record in a list of a screen: add by dialog or by dropping
 // files, open, delete. Only shortcuts are deleted, never files.
-class ShortcutDesk : public QObject {
+class RelatedFilesList : public QObject {
     Q_OBJECT
 
 public:
     // The widgets live as long as this. `noOwner` is told when something is to be added while no
     // owner is shown.
-    ShortcutDesk(const Desk& desk, ShortcutOwner kind, ui::ListView& list, QPushButton& add,
-                 QPushButton& remove, QString noOwner);
+    RelatedFilesList(const Desk& desk, const RelatedFiles& kind, ui::ListView& list,
+                     QPushButton& add, QPushButton& remove, QString noOwner);
 
     // Shows the shortcuts of an owner; none: the list is empty.
     void showOwner(const core::RecordKey& owner);
     void refill();
-
-signals:
-    // Shortcuts were added or deleted.
-    void written();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -48,7 +45,7 @@ private:
     core::RecordKey currentKey() const;
 
     const Desk& m_desk;
-    ShortcutOwner m_kind;
+    const RelatedFiles& m_kind;
     ui::ListView& m_list;
     QPushButton& m_add;
     QPushButton& m_remove;
@@ -57,4 +54,4 @@ private:
     core::RecordKey m_owner;
 };
 
-} // namespace customer
+} // namespace records

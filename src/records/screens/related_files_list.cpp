@@ -1,8 +1,9 @@
-#include "customer/screens/shortcut_desk.h"
+#include "records/screens/related_files_list.h"
 
 #include "core/data/messages.h"
 #include "core/data/opener.h"
 #include "records/data/record_check.h"
+#include "records/screens/desk.h"
 #include "ui/file_chooser.h"
 #include "ui/list_view.h"
 
@@ -14,7 +15,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace customer {
+namespace records {
 namespace {
 
 const QString FileFilter = u"All(*.*)|*.*"_s;
@@ -31,8 +32,8 @@ QStringList droppedFiles(const QMimeData& data)
 
 } // namespace
 
-ShortcutDesk::ShortcutDesk(const Desk& desk, ShortcutOwner kind, ui::ListView& list,
-                           QPushButton& add, QPushButton& remove, QString noOwner)
+RelatedFilesList::RelatedFilesList(const Desk& desk, const RelatedFiles& kind, ui::ListView& list,
+                                   QPushButton& add, QPushButton& remove, QString noOwner)
     : QObject(&list),
       m_desk(desk),
       m_kind(kind),
@@ -45,16 +46,16 @@ ShortcutDesk::ShortcutDesk(const Desk& desk, ShortcutOwner kind, ui::ListView& l
     m_list.setListModel(&m_model);
     m_list.viewport()->setAcceptDrops(true);
     m_list.viewport()->installEventFilter(this);
-    connect(&m_list, &ui::ListView::opened, this, &ShortcutDesk::open);
-    connect(&m_list, &ui::ListView::menuRequested, this, &ShortcutDesk::showMenu);
+    connect(&m_list, &ui::ListView::opened, this, &RelatedFilesList::open);
+    connect(&m_list, &ui::ListView::menuRequested, this, &RelatedFilesList::showMenu);
     connect(&m_list, &ui::ListView::currentRowChanged, this,
             [this](int row) { m_remove.setEnabled(row >= 0); });
-    connect(&m_add, &QPushButton::clicked, this, &ShortcutDesk::addByDialog);
-    connect(&m_remove, &QPushButton::clicked, this, &ShortcutDesk::removeCurrent);
+    connect(&m_add, &QPushButton::clicked, this, &RelatedFilesList::addByDialog);
+    connect(&m_remove, &QPushButton::clicked, this, &RelatedFilesList::removeCurrent);
     m_remove.setEnabled(false);
 }
 
-void ShortcutDesk::showOwner(const core::RecordKey& owner)
+void RelatedFilesList::showOwner(const core::RecordKey& owner)
 {
     m_owner = owner;
     m_remove.setEnabled(false);
@@ -64,19 +65,19 @@ void ShortcutDesk::showOwner(const core::RecordKey& owner)
         m_list.fill(openShortcuts(m_desk.file, m_kind, owner));
 }
 
-void ShortcutDesk::refill()
+void RelatedFilesList::refill()
 {
     if (!m_owner.isNone())
         m_list.refill(openShortcuts(m_desk.file, m_kind, m_owner));
     m_remove.setEnabled(!currentKey().isNone());
 }
 
-core::RecordKey ShortcutDesk::currentKey() const
+core::RecordKey RelatedFilesList::currentKey() const
 {
     return core::RecordKey::fromText(m_list.currentKey());
 }
 
-void ShortcutDesk::addByDialog()
+void RelatedFilesList::addByDialog()
 {
     if (m_owner.isNone()) {
         m_desk.file.messages.refuse(m_noOwner);
@@ -87,36 +88,34 @@ void ShortcutDesk::addByDialog()
         add({path});
 }
 
-void ShortcutDesk::add(const QStringList& paths)
+void RelatedFilesList::add(const QStringList& paths)
 {
     if (m_owner.isNone()) {
         m_desk.file.messages.refuse(m_noOwner);
         return;
     }
     for (const QString& path : paths) {
-        if (addShortcut(m_desk.file, m_kind, m_owner, path) != records::SaveResult::Saved)
+        if (addShortcut(m_desk.file, m_kind, m_owner, path) != SaveResult::Saved)
             break; // the user was told; the rest would fail alike
     }
     refill();
-    emit written();
 }
 
-void ShortcutDesk::removeCurrent()
+void RelatedFilesList::removeCurrent()
 {
     const core::RecordKey key = currentKey();
     if (key.isNone())
         return;
-    if (deleteShortcut(m_desk.file, m_kind, key) != records::DeleteResult::Kept) {
+    if (deleteShortcut(m_desk.file, m_kind, key) != DeleteResult::Kept) {
         refill();
-        emit written();
-    }
+        }
 }
 
-void ShortcutDesk::open(int row)
+void RelatedFilesList::open(int row)
 {
     const auto key = core::RecordKey::fromText(m_model.rowAt(row).key);
     const std::optional<QString> path =
-        records::readOrTell(m_desk.file, [&] { return shortcutPath(m_desk.file, m_kind, key); });
+        readOrTell(m_desk.file, [&] { return shortcutPath(m_desk.file, m_kind, key); });
     if (!path) {
         refill();
         return;
@@ -124,18 +123,18 @@ void ShortcutDesk::open(int row)
     core::openFileOrTell(m_desk.opener, m_desk.file.messages, *path);
 }
 
-void ShortcutDesk::showMenu(const QPoint& screenPoint)
+void RelatedFilesList::showMenu(const QPoint& screenPoint)
 {
     QMenu menu;
     const bool chosen = !currentKey().isNone();
     menu.addAction(u"開く(&O)"_s, this, [this] { open(m_list.currentIndex().row()); })
         ->setEnabled(chosen);
-    menu.addAction(u"追加(&A)"_s, this, &ShortcutDesk::addByDialog);
-    menu.addAction(u"削除(&D)"_s, this, &ShortcutDesk::removeCurrent)->setEnabled(chosen);
+    menu.addAction(u"追加(&A)"_s, this, &RelatedFilesList::addByDialog);
+    menu.addAction(u"削除(&D)"_s, this, &RelatedFilesList::removeCurrent)->setEnabled(chosen);
     menu.exec(screenPoint);
 }
 
-bool ShortcutDesk::eventFilter(QObject*, QEvent* event)
+bool RelatedFilesList::eventFilter(QObject*, QEvent* event)
 {
     if (event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove) {
         auto* const drag = static_cast<QDragMoveEvent*>(event);
@@ -155,4 +154,4 @@ bool ShortcutDesk::eventFilter(QObject*, QEvent* event)
     return false;
 }
 
-} // namespace customer
+} // namespace records

@@ -1,0 +1,143 @@
+#include "records/screens/main_shell.h"
+
+#include "core/data/messages.h"
+#include "core/data/opener.h"
+#include "core/data/shared.h"
+#include "records/screens/floating_windows.h"
+#include "records/screens/list_pane.h"
+#include "ui/icons.h"
+#include "ui/list_view.h"
+#include "ui/pane_keys.h"
+#include "ui/user_settings.h"
+#include "ui/window_placement.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QButtonGroup>
+#include <QCloseEvent>
+#include <QCryptographicHash>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QLabel>
+#include <QShortcut>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QToolBar>
+
+using namespace Qt::StringLiterals;
+
+namespace records {
+namespace {
+
+constexpr QSize FirstSize(1280, 700);
+constexpr double LargeShare = 0.55; // of the height, for the list that was chosen to be large
+
+} // namespace
+
+MainShell::MainShell(const Desk& desk, QWidget* parent)
+    : QMainWindow(parent), m_desk(desk), m_settings(readSettings(desk.file))
+{
+    resize(FirstSize);
+}
+
+void MainShell::assemble(const Parts& parts)
+{
+    m_parts = parts;
+    auto* const options = new QButtonGroup(this);
+    for (qsizetype i = 0; i < parts.lists.size(); ++i)
+        options->addButton(&parts.lists.at(i)->option(), static_cast<int>(i));
+    connect(options, &QButtonGroup::idToggled, this, [this](int list, bool chosen) {
+        if (chosen)
+            ui::giveShare(*m_parts.listSplitter, list, LargeShare);
+    });
+    addKeys();
+    showStatus();
+}
+
+void MainShell::addHelp(QToolBar& bar, QAction* help)
+{
+    help->setIcon(ui::icon(u"help"_s));
+    bar.widgetForAction(help)->setFocusPolicy(Qt::TabFocus);
+    connect(help, &QAction::triggered, this, [this] {
+        if (!m_desk.opener.openHelp(m_desk.shared.HelpFilePath))
+            m_desk.shared.messages.refuse(u"ヘルプを開けませんでした。"_s);
+    });
+}
+
+void MainShell::addKeys()
+{
+    auto* const keys = new ui::PaneKeys(this, m_parts.panes);
+    for (qsizetype i = 0; i < m_parts.lists.size(); ++i)
+        keys->addNumber(static_cast<int>(i) + 1, &m_parts.lists.at(i)->view());
+    connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, &QWidget::close);
+    // Into the details and back; the key works in the window over this one too.
+    connect(new QShortcut(Qt::CTRL | Qt::Key_I, this), &QShortcut::activated, this, [this] {
+        if (isActiveWindow())
+            m_parts.windows->activateDetail();
+        else
+            activateWindow();
+    });
+    connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this, &MainShell::refreshAll);
+}
+
+void MainShell::showStatus()
+{
+    const storage::Connection& file = m_desk.file.connection;
+    auto* const name = new QLabel(QFileInfo(file.path()).completeBaseName(), this);
+    name->setObjectName(u"StatusFile"_s);
+    const bool exclusive = file.mode() == storage::Mode::ShareExclusive;
+    auto* const sharing = new QLabel(exclusive ? u"他接続不可"_s : u"共有"_s, this);
+    sharing->setObjectName(u"StatusMode"_s);
+    statusBar()->setContentsMargins(6, 0, 6, 0);
+    statusBar()->addWidget(name, 1);
+    statusBar()->addPermanentWidget(sharing);
+}
+
+void MainShell::restoreDesk()
+{
+    ui::restoreWindow(*this, m_desk.userSettings);
+    for (QSplitter* const splitter : findChildren<QSplitter*>())
+        ui::restoreSplitter(*splitter, m_desk.userSettings);
+    for (ui::ListView* const list : findChildren<ui::ListView*>())
+        ui::restoreHeader(*list->header(), m_desk.userSettings);
+}
+
+void MainShell::saveDesk() const
+{
+    ui::saveWindow(*this, m_desk.userSettings);
+    for (const QSplitter* const splitter : findChildren<QSplitter*>())
+        ui::saveSplitter(*splitter, m_desk.userSettings);
+    for (const ui::ListView* const list : findChildren<ui::ListView*>())
+        ui::saveHeader(*list->header(), m_desk.userSettings);
+}
+
+// Files are told apart by where they lie, whatever that holds.
+QString MainShell::keptName(const QString& name) const
+{
+    const QByteArray place = m_desk.file.connection.path().toUtf8();
+    const QByteArray hash = QCryptographicHash::hash(place, QCryptographicHash::Sha1).toHex();
+    return objectName() + u'/' + name + u'/' + QString::fromLatin1(hash);
+}
+
+QString MainShell::keptText(const QString& name) const
+{
+    return QString::fromUtf8(m_desk.userSettings.value(keptName(name)));
+}
+
+void MainShell::keepText(const QString& name, const QString& text)
+{
+    m_desk.userSettings.setValue(keptName(name), text.toUtf8());
+}
+
+void MainShell::closeEvent(QCloseEvent* event)
+{
+    QMainWindow::closeEvent(event);
+    if (!event->isAccepted() || !m_desk.file.connection.isOpen())
+        return;
+    saveDesk();
+    saveView();
+    Form_Unload();
+    emit closed();
+}
+
+} // namespace records

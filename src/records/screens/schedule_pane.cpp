@@ -1,0 +1,100 @@
+#include "records/screens/schedule_pane.h"
+
+#include "core/data/clock.h"
+#include "records/data/schedule.h"
+#include "records/screens/selection.h"
+#include "ui/list_view.h"
+#include "ui_schedule_pane.h"
+
+#include <QHeaderView>
+#include <QMenu>
+#include <QSignalBlocker>
+
+using namespace Qt::StringLiterals;
+
+namespace records {
+
+namespace {
+
+constexpr int DaysShown = 7; // from the chosen day on
+
+} // namespace
+
+SchedulePane::SchedulePane(QWidget* parent)
+    : QWidget(parent),
+      m_ui(std::make_unique<Ui::SchedulePane>()),
+      m_model({u"予定日"_s, u"時刻"_s, u"予定内容"_s})
+{
+    m_ui->setupUi(this);
+    m_ui->ListView8->setListModel(&m_model);
+    m_ui->ListView8->header()->setSectionsClickable(false);
+    m_ui->ListView8->header()->resizeSection(0, 115);
+    m_ui->ListView8->header()->resizeSection(1, 50);
+    connect(m_ui->MonthView1, &QCalendarWidget::selectionChanged, this, &SchedulePane::showDay);
+    connect(m_ui->ListView8, &ui::ListView::menuRequested, this, &SchedulePane::showMenu);
+    connect(m_ui->MonthView1, &QCalendarWidget::currentPageChanged, this,
+            &SchedulePane::markDays);
+}
+
+SchedulePane::~SchedulePane() = default;
+
+void SchedulePane::initialize(Database& database, Selection& selection)
+{
+    m_data = &database;
+    m_selection = &selection;
+    const QSignalBlocker blocker(m_ui->MonthView1);
+    m_ui->MonthView1->setSelectedDate(database.clock.today());
+    refill();
+}
+
+// The calendar stays: days are chosen there for the cases too.
+void SchedulePane::showEntries(bool shown)
+{
+    m_ui->ListView8->setVisible(shown);
+}
+
+void SchedulePane::refill()
+{
+    markDays();
+    showDay();
+}
+
+void SchedulePane::showDay()
+{
+    const QDate day = m_ui->MonthView1->selectedDate();
+    m_selection->setDay(day);
+    const qint64 entries = countScheduleEntries(*m_data, day);
+    m_ui->lblYotei->setCaption(weekdayAnnouncement(day) + u"　予定 "_s
+                               + QString::number(entries) + u" 件"_s);
+    m_ui->ListView8->refill(openSchedule(*m_data, day, day.addDays(DaysShown - 1)));
+}
+
+void SchedulePane::showMenu(const QPoint& place)
+{
+    QMenu menu;
+    menu.addActions(m_actions);
+    menu.exec(place);
+}
+
+void SchedulePane::markDays()
+{
+    const auto [first, last] = m_ui->MonthView1->shownDays();
+    m_ui->MonthView1->setMarked(daysWithEntries(*m_data, first, last));
+}
+
+void SchedulePane::clear()
+{
+    m_ui->ListView8->fill(nullptr);
+}
+
+QWidget* SchedulePane::calendar()
+{
+    return m_ui->MonthView1;
+}
+
+ui::ListView& SchedulePane::view()
+{
+    return *m_ui->ListView8;
+}
+
+} // namespace records
