@@ -1,5 +1,7 @@
-#include "customer/data/cascades.h"
-
+#include "customer/data/deliveries.h"
+#include "customer/data/free_items.h"
+#include "customer/data/print_tables.h"
+#include "customer/data/shortcuts.h"
 #include "storage/recordset.h"
 #include "storage/transaction.h"
 #include "support/child_process.h"
@@ -11,7 +13,8 @@
 #include <QThread>
 
 using namespace Qt::StringLiterals;
-using customer::Cascade;
+using namespace customer;
+using records::Cascade;
 
 namespace {
 
@@ -88,15 +91,15 @@ TEST_F(CascadesTest, TakeAllOfTheOwnerAndNothingOfAnother)
         Cascade cascade;
         QList<int> left; // of three rows each, by table
     } expected[] = {
-        {Cascade::Customer, {2, 2, 2, 2, 2, 2, 2, 3, 2}},
-        {Cascade::Case, {3, 2, 2, 3, 3, 3, 2, 3, 3}},
-        {Cascade::Delivery, {3, 3, 3, 2, 2, 3, 3, 3, 3}},
-        {Cascade::FreeItem, {3, 3, 3, 3, 3, 3, 3, 2, 2}},
-        {Cascade::Log, {3, 3, 2, 3, 3, 3, 3, 3, 3}},
-        {Cascade::Lease, {3, 3, 3, 3, 2, 3, 3, 3, 3}},
-        {Cascade::FreeItemValue, {3, 3, 3, 3, 3, 3, 3, 3, 2}},
-        {Cascade::CustomerShortcut, {3, 3, 3, 3, 3, 2, 3, 3, 3}},
-        {Cascade::CaseShortcut, {3, 3, 3, 3, 3, 3, 2, 3, 3}},
+        {customerTable().cascade, {2, 2, 2, 2, 2, 2, 2, 3, 2}},
+        {caseTable().cascade, {3, 2, 2, 3, 3, 3, 2, 3, 3}},
+        {deliveryTable().cascade, {3, 3, 3, 2, 2, 3, 3, 3, 3}},
+        {freeItemTable().cascade, {3, 3, 3, 3, 3, 3, 3, 2, 2}},
+        {logTable().cascade, {3, 3, 2, 3, 3, 3, 3, 3, 3}},
+        {leaseTable().cascade, {3, 3, 3, 3, 2, 3, 3, 3, 3}},
+        {freeItemValueCascade(), {3, 3, 3, 3, 3, 3, 3, 3, 2}},
+        {customerFiles().table.cascade, {3, 3, 3, 3, 3, 2, 3, 3, 3}},
+        {caseFiles().table.cascade, {3, 3, 3, 3, 3, 3, 2, 3, 3}},
     };
     int updateId = 1; // of the first rows; the numbers go on after the deletes
     for (const auto& each : expected) {
@@ -106,7 +109,7 @@ TEST_F(CascadesTest, TakeAllOfTheOwnerAndNothingOfAnother)
         fill(file, 1, 7);
         fill(file, 2, 0);
         EXPECT_TRUE(runCascade(file, each.cascade, {updateId, 0, 1, {}}));
-        EXPECT_EQ(rows(), each.left) << static_cast<int>(each.cascade);
+        EXPECT_EQ(rows(), each.left) << each.cascade.first().text.toStdString();
         EXPECT_EQ(column(u"SELECT ログ識別ID FROM ログ WHERE ユーザーID = 1 and ログ識別ID = 7"_s),
                   QStringList{u"7"_s});
         updateId += 3;
@@ -118,7 +121,7 @@ TEST_F(CascadesTest, ACustomersValuesOfAMergedItemGoAndAnothersStay)
 {
     execute(u"INSERT INTO 項目内容 (ユーザーID, ﾕｰｻﾞｰ識別ID, 内容識別ID) VALUES (1, 0, 7)"_s);
     execute(u"INSERT INTO 項目内容 (ユーザーID, ﾕｰｻﾞｰ識別ID, 内容識別ID) VALUES (1, 7, 0)"_s);
-    EXPECT_TRUE(runCascade(file, Cascade::Customer, {1, 0, 1, {}}));
+    EXPECT_TRUE(runCascade(file, customerTable().cascade, {1, 0, 1, {}}));
     EXPECT_EQ(column(u"SELECT ﾕｰｻﾞｰ識別ID FROM 項目内容"_s), QStringList{u"7"_s});
 }
 
@@ -126,7 +129,7 @@ TEST_F(CascadesTest, PrintTablesAreEmptied)
 {
     for (const QString& table : {u"２印刷自由項目内容"_s, u"３印刷納品"_s, u"４印刷件名"_s})
         execute(u"INSERT INTO "_s + table + u" (上部連結) VALUES (1)"_s);
-    EXPECT_TRUE(runCascade(file, Cascade::PrintTables));
+    EXPECT_TRUE(runCascade(file, printTablesEmptied()));
     EXPECT_EQ(valueOf(u"SELECT count(*) as ma1 FROM ４印刷件名"_s), u"0");
 }
 
@@ -138,9 +141,9 @@ TEST_F(CascadesTest, AKillLeavesAWholeCascadeOrNone)
         QString owner;
         QStringList goes; // each owner has one row in each
     } killed[] = {
-        {Cascade::Customer, u"SELECT ﾕｰｻﾞｰ更新ID, ﾕｰｻﾞｰID FROM ユーザー"_s,
+        {customerTable().cascade, u"SELECT ﾕｰｻﾞｰ更新ID, ﾕｰｻﾞｰID FROM ユーザー"_s,
          Tables.first(7) + Tables.last(1)},
-        {Cascade::Case,
+        {caseTable().cascade,
          u"SELECT 件名更新ID, 件名ID FROM 件名"_s,
          {u"件名"_s, u"ログ"_s, u"件名関連ファイル"_s}},
     };

@@ -1,13 +1,14 @@
 #include "customer/data/customer_index.h"
 
-#include "customer/data/customer_list.h"
+#include "customer/data/settings.h"
+#include "records/data/record_list.h"
 #include "support/customer/data/customer_test.h"
 
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
-using customer::IndexNode;
-using customer::ListFilter;
+using records::IndexNode;
+using records::ListFilter;
 using testing::IsEmpty;
 
 namespace {
@@ -16,7 +17,7 @@ class CustomerIndexTest : public OpenCustomerTest {
 protected:
     QStringList namesOf(const ListFilter& filter)
     {
-        const auto list = openCustomerList(file, filter, {}, customer::Settings{});
+        const auto list = openList(file, customer::customerList(), filter, {}, {});
         QStringList names;
         for (const core::ListRow& row : list->rows(0, 100))
             names.append(row.cells.first());
@@ -35,9 +36,12 @@ protected:
                 return {u"no node "_s + caption};
             node = IndexNode(*found);
         }
-        const std::optional<ListFilter> filter = filterOf(node, {}, clock.today());
-        return filter ? namesOf(*filter) : QStringList{u"shows nothing"_s};
+        return node.filter ? namesOf(*node.filter(context)) : QStringList{u"shows nothing"_s};
     }
+    QString conditionOf(const IndexNode& node) { return node.filter(context)->condition; }
+
+    records::Settings settings;
+    records::IndexContext context{settings, clock.today()};
 };
 
 TEST_F(CustomerIndexTest, HasItsNodesInOrder)
@@ -63,14 +67,14 @@ TEST_F(CustomerIndexTest, BuildsItsConditionsAsPrescribed)
 {
     const IndexNode root = customerIndex(file);
     EXPECT_EQ(root.caption, u"顧客管理");
-    EXPECT_EQ(root.condition, u"");
-    EXPECT_EQ(root.children[0].condition,
+    EXPECT_EQ(conditionOf(root), u"");
+    EXPECT_EQ(conditionOf(root.children[0]),
               u" WHERE 表示名ﾌﾘｶﾞﾅ Like '[あ-お]%' or 表示名ﾌﾘｶﾞﾅ Like '[ぁ-ぉ]%' "
               u"or 表示名ﾌﾘｶﾞﾅ Like '[ｱ-ｵ]%' or 表示名ﾌﾘｶﾞﾅ Like '[ｧ-ｫ]%'");
-    EXPECT_EQ(root.children[0].children[0].condition, u" WHERE 表示名ﾌﾘｶﾞﾅ Like '[ｱ]%'");
-    EXPECT_EQ(root.children[9].children[1].condition, u" WHERE 表示名ﾌﾘｶﾞﾅ Like '[ｦ]%'");
-    EXPECT_EQ(root.children[10].condition, u" WHERE 表示名ﾌﾘｶﾞﾅ Like '[A-Z]%'");
-    EXPECT_TRUE(root.children[11].condition.endsWith(
+    EXPECT_EQ(conditionOf(root.children[0].children[0]), u" WHERE 表示名ﾌﾘｶﾞﾅ Like '[ｱ]%'");
+    EXPECT_EQ(conditionOf(root.children[9].children[1]), u" WHERE 表示名ﾌﾘｶﾞﾅ Like '[ｦ]%'");
+    EXPECT_EQ(conditionOf(root.children[10]), u" WHERE 表示名ﾌﾘｶﾞﾅ Like '[A-Z]%'");
+    EXPECT_TRUE(conditionOf(root.children[11]).endsWith(
         u"'[!ﾗ-ﾛ]%' and 表示名ﾌﾘｶﾞﾅ Like '[!ﾜ-ﾝ]%' and 表示名ﾌﾘｶﾞﾅ Like '[!A-Z]%'"));
 }
 
@@ -130,12 +134,13 @@ TEST_F(CustomerIndexTest, RecentMeansTheWholeOfTheFirstAndLastDay)
         clock.set(moment.date, moment.time);
         addNamed(moment.name, u"ｱ"_s);
     }
-    const ListFilter recent = customer::recentCustomers({}, QDate(2024, 4, 15));
+    const ListFilter recent = customer::recentCustomers({settings, QDate(2024, 4, 15)});
     EXPECT_EQ(recent.caption, u"2024/04/08 ～ 2024/04/15 更新");
     EXPECT_EQ(namesOf(recent), (QStringList{u"末日"_s, u"途中"_s, u"初日"_s})); // latest first
 
     // A clicked header sorts from then on.
-    const auto list = openCustomerList(file, recent, customer::SortOrder{0, false}, {});
+    const auto list = openList(file, customer::customerList(), recent,
+                               orderOf(customer::customerList(), 0, false), {});
     EXPECT_EQ(list->rows(0, 1).first().cells.first(), u"初日");
 }
 
@@ -144,13 +149,12 @@ TEST_F(CustomerIndexTest, StoredSearchesSearchAllTexts)
     execute(u"INSERT INTO カスタム検索 (カスタム検索識別ID, 文字列, 順位) VALUES (1, '03', 1)"_s);
     execute(u"INSERT INTO カスタム検索 (カスタム検索識別ID, 文字列, 順位) VALUES (0, '後', 2)"_s);
     execute(u"INSERT INTO カスタム検索 (カスタム検索識別ID, 文字列, 順位) VALUES (0, '株', 1)"_s);
-    customer::CustomerFields fields = addNamed(u"電話"_s, u"ﾃﾞﾝﾜ"_s).fields;
-    fields.texts[customer::HomePhone] = u"０３-1"_s;
-    EXPECT_EQ(addCustomer(file, fields), records::SaveResult::Saved);
-    fields = {};
-    fields.texts[customer::DisplayName] = fields.texts[customer::DisplayReading] = u"会社"_s;
-    fields.texts[customer::Notes] = u"㈱"_s;
-    EXPECT_EQ(addCustomer(file, fields), records::SaveResult::Saved);
+    records::FieldValues fields = named(u"電話"_s, u"ﾃﾞﾝﾜ"_s);
+    fields.append({u"自宅TEL"_s, u"０３-1"_s});
+    add(customer::customerTable(), {}, fields);
+    fields = named(u"会社"_s, u"会社"_s);
+    fields.append({u"備考"_s, u"㈱"_s});
+    add(customer::customerTable(), {}, fields);
 
     QStringList captions;
     const IndexNode root = customerIndex(file);
@@ -174,14 +178,14 @@ TEST_F(CustomerIndexTest, AQuoteIsACharacterLikeAnyOther)
         qint64 found;
     } cases[] = {{u"o'h"_s, 1}, {u"'"_s, 2}, {u"''"_s, 1}, {u"' or '%"_s, 0}, {u"'_a"_s, 1}};
     for (const auto& each : cases) {
-        const auto list = openCustomerList(file, customer::customersWithText(each.text), {}, {});
+        const auto list = openList(file, customer::customerList(), customer::customersWithText(each.text), {}, {});
         EXPECT_EQ(list->total(), each.found) << each.text.toStdString();
     }
 }
 
 TEST_F(CustomerIndexTest, ATextThatTheEngineRefusesIsTold)
 {
-    const auto list = openCustomerList(file, customer::customersWithText(u"[ｱ"_s), {}, {});
+    const auto list = openList(file, customer::customerList(), customer::customersWithText(u"[ｱ"_s), {}, {});
     EXPECT_TRUE(messages.takeText().startsWith(u"データを読めませんでした。\r\n"));
     EXPECT_FALSE(list->isReadable());
     EXPECT_EQ(list->count(), 0);

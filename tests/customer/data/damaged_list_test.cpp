@@ -1,4 +1,4 @@
-#include "customer/data/customer_list.h"
+#include "records/data/record_list.h"
 #include "support/customer/data/customer_test.h"
 
 #include <QFile>
@@ -12,7 +12,7 @@ protected:
     // How many rows of the first page show that they cannot be read.
     int unreadableRows()
     {
-        const auto list = openCustomerList(file, {}, {}, customer::Settings{});
+        const auto list = openList(file, customer::customerList(), {}, {}, {});
         const QList<core::ListRow> rows = list->rows(0, static_cast<int>(list->count()));
         int unreadable = 0;
         for (const core::ListRow& row : rows)

@@ -1,8 +1,8 @@
 #include "core/data/database_password.h"
+#include "records/data/record_list.h"
 #include "records/data/schedule.h"
+#include "text/dates.h"
 #include "customer/data/case_index.h"
-#include "customer/data/case_list.h"
-#include "customer/data/logs.h"
 #include "storage/engine/engine.h"
 #include "support/customer/data/customer_test.h"
 #include "support/storage/former_format.h"
@@ -10,9 +10,7 @@
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
-using customer::ListFilter;
-using customer::Settings;
-using customer::SortOrder;
+using records::ListFilter;
 using testing::Contains;
 using testing::HasSubstr;
 using testing::Not;
@@ -53,13 +51,18 @@ protected:
         core::RecordKey of;
         for (int i = 0; i < 12; ++i) {
             const QDate day = clock.today().addDays(i * 17 % 40 - 20);
-            const customer::CaseFields fields{day,   u"件"_s + QString::number(i),
-                                              {},    i % 3 ? u"続行"_s : u"完了"_s,
-                                              false, i % 4 ? clock.today().addDays(-i) : QDate()};
-            ASSERT_EQ(addCase(file, owner, fields, &of), records::SaveResult::Saved);
+            const QString planned =
+                i % 4 ? text::formatDate(clock.today().addDays(-i)) : QString();
+            of = add(customer::caseTable(), {owner},
+                     {{u"登録日"_s, text::formatDate(day)},
+                      {u"件名"_s, u"件"_s + QString::number(i)},
+                      {u"判定"_s, i % 3 ? u"続行"_s : u"完了"_s},
+                      {u"予定日"_s, planned}})
+                     .key;
             const QString name = QStringList{u"佐野"_s, u"工藤"_s, u""_s, u"O'Hara"_s}[i % 4];
-            ASSERT_EQ(addLog(file, of, {day, name, u"文"_s}), records::SaveResult::Saved);
-            addScheduleEntry(file, {day, {}, u"予定"_s});
+            addLogOf(of, name, u"文"_s);
+            add(records::scheduleTable(), {},
+                {{u"日付"_s, text::formatDate(day)}, {u"時刻"_s, u"00:00"_s}, {u"予定"_s, u"予定"_s}});
         }
         execute(u"UPDATE 件名 SET 登録日 = '平成六年' WHERE 件名 = '件11'"_s); // from elsewhere
     }
@@ -67,13 +70,17 @@ protected:
     QStringList answers()
     {
         QStringList all = recorderNames(file);
-        for (const ListFilter& filter :
-             {customer::allCases(), customer::openCases(), customer::finishedCases(),
-              customer::casesOfDay(clock.today()), customer::casesWithText(u"件1"_s)}) {
+        const records::Settings settings;
+        QList<ListFilter> filters{customer::casesOfDay(clock.today()),
+                                  customer::casesWithText(u"件1"_s)};
+        for (const records::IndexNode& node : customer::caseIndex({}).mid(1, 3))
+            filters.append(*node.filter({settings, clock.today()}));
+        for (const ListFilter& filter : std::as_const(filters)) {
             for (const int column : {0, 1}) {
                 for (const bool descending : {false, true}) {
                     const auto list =
-                        openCaseList(file, filter, SortOrder{column, descending}, Settings{});
+                        openList(file, customer::caseList(), filter,
+                                 orderOf(customer::caseList(), column, descending), settings);
                     for (const core::ListRow& row : list->rows(0, 100))
                         all += row.cells.join(u'|');
                 }

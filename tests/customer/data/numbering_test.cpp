@@ -1,5 +1,3 @@
-#include "customer/data/id_issuer.h"
-
 #include "support/child_process.h"
 #include "support/customer/data/customer_test.h"
 #include "support/storage/refusals.h"
@@ -13,7 +11,6 @@
 #include <list>
 
 using namespace Qt::StringLiterals;
-using customer::Kind;
 
 namespace {
 
@@ -38,35 +35,16 @@ protected:
     static bool addMany(const QString& path, int number, const ChildProcess::StepDone& stepDone)
     {
         OtherCopy copy(path);
-        customer::CustomerFields fields;
-        fields.texts = {u"ﾅﾏｴ"_s, u"名前"_s};
+        const records::FieldValues fields = named(u"名前"_s, u"ﾅﾏｴ"_s);
         for (int i = 0; i < number; ++i) {
-            if (addCustomer(copy.file, fields) != records::SaveResult::Saved)
+            if (addRecord(copy.file, customer::customerTable(), {}, fields)
+                != records::SaveResult::Saved)
                 return false;
             stepDone();
         }
         return copy.file.connection.errors().isEmpty();
     }
 };
-
-TEST_F(NumberingTest, EveryKindIsNumberedByItsOwnUpdateId)
-{
-    const QStringList counters{u"ユーザー"_s, u"件名"_s,         u"ログ"_s,     u"納品"_s,
-                               u"リース"_s,   u"ユーザー関連"_s, u"件名関連"_s, u"自由項目名"_s,
-                               u"予定"_s,     u"カスタム検索"_s};
-    for (int number = 1; number <= 10; ++number) {
-        const records::IdKind& kind = customer::idKind(static_cast<Kind>(number));
-        EXPECT_EQ(kind.counterColumn, counters[number - 1]);
-        EXPECT_EQ(records::appendNumbered(file, kind, {}), 1);
-        EXPECT_EQ(records::appendNumbered(file, kind, {}), 2);
-        // The highest number is not given out again.
-        execute(u"DELETE FROM "_s + kind.table + u" WHERE "_s + kind.idColumn + u" = 2"_s);
-        EXPECT_EQ(records::appendNumbered(file, kind, {}), 3);
-        EXPECT_EQ(column(u"SELECT "_s + kind.idColumn + u" FROM "_s + kind.table),
-                  (QStringList{u"1"_s, u"3"_s}));
-        EXPECT_EQ(valueOf(u"SELECT "_s + kind.counterColumn + u" FROM 最新発番"_s), u"3");
-    }
-}
 
 TEST_F(NumberingTest, TwoCopiesNeverNumberEachOthersRows)
 {

@@ -84,18 +84,18 @@ TEST_F(PowerCutTest, LessWaitingLosesAnAdd)
 TEST_F(PowerCutTest, ACascadeIsWholeOrNotAtAll)
 {
     ASSERT_TRUE(open());
-    const customer::KeptCustomer customer = addNamed(u"青木"_s, u"ｱｵｷ"_s);
+    const records::Record customer = addNamed(u"青木"_s, u"ｱｵｷ"_s);
     for (int i = 0; i < 3; ++i)
         addCaseOf(customer.key, u"件名"_s + QString::number(i));
     addNamed(u"井上"_s, u"ｲﾉｳｴ"_s);
-    const core::RecordKey key = fresh(customer.key).key;
+    const core::RecordKey key = fresh(customer::customerTable(), customer.key).key;
     CloseCustomerFile(file);
 
     QStringList states{lookIn(folder())};
     PowerCut cut(folder());
     ASSERT_TRUE(open());
     messages.willAnswer(core::Answer::Yes);
-    EXPECT_EQ(customer::deleteCustomer(file, key), records::DeleteResult::Deleted);
+    EXPECT_EQ(removeRecord(file, customer::customerTable(), key), records::DeleteResult::Deleted);
     messages.takeBoxes();
     cut.acknowledge();
     CloseCustomerFile(file);

@@ -1,6 +1,7 @@
 #include "records/data/schedule.h"
 
 #include "support/records/data/each_kind_test.h"
+#include "text/dates.h"
 
 #include <gmock/gmock.h>
 
@@ -11,19 +12,21 @@ namespace {
 
 class ScheduleTest : public EachKindTest {
 protected:
-    void add(QDate day, QTime time, const QString& text)
+    void add(QDate day, const QString& time, const QString& text)
     {
-        EXPECT_EQ(addScheduleEntry(file, {day, time, text}), SaveResult::Saved);
+        EXPECT_EQ(addRecord(file, records::scheduleTable(), {},
+                            {{u"日付"_s, text::formatDate(day)}, {u"時刻"_s, time}, {u"予定"_s, text}}),
+                  SaveResult::Saved);
     }
 };
 
 TEST_P(ScheduleTest, ListsItsEntriesByDayAndTime)
 {
-    add({2024, 4, 30}, {9, 5}, u"末日"_s);
-    add({2024, 4, 1}, {13, 0}, u"午後"_s);
-    add({2024, 4, 1}, {}, u"終日"_s);
-    add({2024, 3, 31}, {8, 0}, u"前月"_s);
-    add({2024, 5, 1}, {8, 0}, u"翌月"_s);
+    add({2024, 4, 30}, u"09:05"_s, u"末日"_s);
+    add({2024, 4, 1}, u"13:00"_s, u"午後"_s);
+    add({2024, 4, 1}, u"00:00"_s, u"終日"_s);
+    add({2024, 3, 31}, u"08:00"_s, u"前月"_s);
+    add({2024, 5, 1}, u"08:00"_s, u"翌月"_s);
     const auto list = openSchedule(file, {2024, 4, 1}, {2024, 4, 30});
     QStringList lines;
     for (const core::ListRow& row : list->rows(0, 9))
@@ -37,24 +40,16 @@ TEST_P(ScheduleTest, ListsItsEntriesByDayAndTime)
               (QSet<QDate>{{2024, 4, 1}, {2024, 4, 30}}));
 }
 
-TEST_P(ScheduleTest, KeepsChangesAndDeletesAnEntry)
+TEST_P(ScheduleTest, RefusesABlankEntryOnly)
 {
-    EXPECT_EQ(addScheduleEntry(file, {{2024, 4, 1}, {}, {}}), SaveResult::Refused);
+    EXPECT_EQ(addRecord(file, records::scheduleTable(), {}, {{u"予定"_s, QString()}}),
+              SaveResult::Refused);
     EXPECT_EQ(messages.takeBoxes(),
               (QList<ScriptedMessages::Box>{{16, u"予定は空白禁止です。"_s}}));
-    add({1948, 2, 29}, {23, 59}, u"昔"_s);
-    const auto keyOf = [&] {
-        const auto list = openSchedule(file, {1940, 1, 1}, {2060, 12, 31});
-        return core::RecordKey::fromText(list->rows(0, 1).value(0).key);
-    };
-    const records::ScheduleEntry entry{{2052, 2, 29}, {7, 30}, u"先"_s};
-    EXPECT_EQ(changeScheduleEntry(file, keyOf(), entry), SaveResult::Saved);
-    EXPECT_EQ(readScheduleEntry(file, keyOf())->entry, entry);
-    EXPECT_EQ(valueOf(u"SELECT 日付 FROM 予定"_s), u"2052/02/29(木)");
-    messages.willAnswer(core::Answer::Yes);
-    EXPECT_EQ(deleteScheduleEntry(file, keyOf()), records::DeleteResult::Deleted);
-    EXPECT_EQ(messages.takeText(), u"削除しますか？");
-    EXPECT_TRUE(keyOf().isNone());
+    for (const QDate day : {QDate(1948, 2, 29), QDate(2052, 2, 29)}) {
+        add(day, u"23:59"_s, u"遠い日"_s);
+        EXPECT_EQ(openSchedule(file, day, day)->total(), 1);
+    }
 }
 
 TEST(WeekdayTest, AnnouncesTheWeekday)

@@ -1,30 +1,58 @@
 #include "support/customer/data/customer_test.h"
 
+#include "text/dates.h"
+
 using namespace Qt::StringLiterals;
+using records::Record;
+using records::RecordTable;
 
-customer::KeptCustomer CustomerTest::addNamed(const QString& name, const QString& reading)
+records::FieldValues CustomerTest::named(const QString& name, const QString& reading)
 {
-    customer::CustomerFields fields;
-    fields.texts[customer::DisplayName] = name;
-    fields.texts[customer::DisplayReading] = reading;
-    core::RecordKey key;
-    EXPECT_EQ(customer::addCustomer(file, fields, &key), records::SaveResult::Saved);
-    return {key, fields};
+    return {{u"表示名ﾌﾘｶﾞﾅ"_s, reading}, {u"表示名"_s, name}};
 }
 
-customer::KeptCase CustomerTest::addCaseOf(const core::RecordKey& owner, const QString& title)
+Record CustomerTest::add(const RecordTable& table, const QList<core::RecordKey>& parents,
+                         const records::FieldValues& entered)
 {
-    customer::KeptCase kept;
-    kept.fields.title = title;
-    kept.fields.state = QString::fromUtf16(customer::OpenState);
-    kept.fields.registered = clock.today();
-    EXPECT_EQ(customer::addCase(file, owner, kept.fields, &kept.key), records::SaveResult::Saved);
-    return kept;
+    Record added;
+    EXPECT_EQ(addRecord(file, table, parents, entered, &added), records::SaveResult::Saved);
+    return added;
 }
 
-customer::KeptCustomer CustomerTest::fresh(const core::RecordKey& key)
+Record CustomerTest::addNamed(const QString& name, const QString& reading)
 {
-    const std::optional<customer::KeptCustomer> kept = customer::readCustomer(file, key);
-    EXPECT_TRUE(kept);
-    return kept.value_or(customer::KeptCustomer{});
+    return add(customer::customerTable(), {}, named(name, reading));
+}
+
+Record CustomerTest::addCaseOf(const core::RecordKey& owner, const QString& title)
+{
+    return add(customer::caseTable(), {owner},
+               {{u"登録日"_s, text::formatDate(clock.today())},
+                {u"件名"_s, title},
+                {u"判定"_s, u"続行"_s}});
+}
+
+Record CustomerTest::addLogOf(const core::RecordKey& ofCase, const QString& recorder,
+                              const QString& text)
+{
+    return add(customer::logTable(), {ofCase},
+               {{u"登録日"_s, text::formatDate(clock.today())},
+                {u"記録者"_s, recorder},
+                {u"Rログ"_s, text}});
+}
+
+Record CustomerTest::fresh(const RecordTable& table, const core::RecordKey& key)
+{
+    const std::optional<Record> record = readRecord(file, table, key);
+    EXPECT_TRUE(record);
+    return record.value_or(Record{});
+}
+
+void CustomerTest::change(const RecordTable& table, const core::RecordKey& key,
+                          const records::FieldValues& edited)
+{
+    OtherCopy other(path());
+    const std::optional<Record> record = readRecord(other.file, table, key);
+    ASSERT_TRUE(record);
+    EXPECT_EQ(writeFields(other.file, table, record->key, edited), records::SaveResult::Saved);
 }

@@ -3,6 +3,7 @@
 #include "customer/data/cases.h"
 #include "customer/data/customer_file.h"
 #include "customer/data/customers.h"
+#include "customer/data/logs.h"
 #include "support/records/data/data_file_test.h"
 
 // A test on a customer data file.
@@ -19,11 +20,21 @@ protected:
         DataFileTest::create(storage::schema::customerFile(version));
     }
 
-    // A customer with this name and reading.
-    customer::KeptCustomer addNamed(const QString& name, const QString& reading);
-    customer::KeptCase addCaseOf(const core::RecordKey& owner, const QString& title);
-    // The customer with its present key, as a list refilled now would carry it.
-    customer::KeptCustomer fresh(const core::RecordKey& key);
+    // What a form would hand over for a customer with this name and reading.
+    static records::FieldValues named(const QString& name, const QString& reading);
+    // A record under these parents; the test fails when it cannot be added.
+    records::Record add(const records::RecordTable& table, const QList<core::RecordKey>& parents,
+                        const records::FieldValues& entered);
+    records::Record addNamed(const QString& name, const QString& reading);
+    // A case of today, 続行.
+    records::Record addCaseOf(const core::RecordKey& owner, const QString& title);
+    records::Record addLogOf(const core::RecordKey& ofCase, const QString& recorder,
+                             const QString& text);
+    // The record as it is now, with the key that a list refilled now would carry.
+    records::Record fresh(const records::RecordTable& table, const core::RecordKey& key);
+    // As another copy of the program does it.
+    void change(const records::RecordTable& table, const core::RecordKey& key,
+                const records::FieldValues& edited);
 
     customer::CustomerFile file;
 };
