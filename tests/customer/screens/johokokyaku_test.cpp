@@ -21,13 +21,11 @@ protected:
     void SetUp() override
     {
         MainScreenTest::SetUp();
-        customer::CustomerFields fields;
-        fields.texts[customer::DisplayReading] = u"ｶﾄｳ"_s;
-        fields.texts[customer::DisplayName] = u"<b>加藤</b> & 子"_s;
-        fields.texts[customer::Email] = u"kato@example.jp"_s;
-        fields.texts[customer::WebAddress] = u"http://example.jp/"_s;
-        fields.texts[customer::Notes] = u"一\r\n二"_s;
-        EXPECT_EQ(customer::addCustomer(file, fields), records::SaveResult::Saved);
+        records::FieldValues fields = named(u"<b>加藤</b> & 子"_s, u"ｶﾄｳ"_s);
+        fields += records::FieldValues{{u"E-MAIL"_s, u"kato@example.jp"_s},
+                                       {u"URL"_s, u"http://example.jp/"_s},
+                                       {u"備考"_s, u"一\r\n二"_s}};
+        add(customer::customerTable(), {}, fields);
         addNamed(u"木村"_s, u"ｷﾑﾗ"_s);
         execute(u"UPDATE 設定 SET 顧客詳細表示 = 1 WHERE 設定ID = 1"_s);
         openScreen();

@@ -1,9 +1,9 @@
-#include "customer/data/logs.h"
 #include "customer/data/shortcuts.h"
 #include "customer/screens/johokokyaku.h"
 #include "customer/screens/klogpreview.h"
 #include "support/customer/screens/main_screen_test.h"
 #include "records/screens/edit_form.h"
+#include "records/screens/floating_windows.h"
 #include "ui/list_view.h"
 
 #include <QAction>
@@ -25,8 +25,7 @@ protected:
         MainScreenTest::SetUp();
         owner = addNamed(u"加藤 花子"_s, u"カトウ"_s).key;
         ofCase = addCaseOf(owner, u"点検"_s).key;
-        EXPECT_EQ(customer::addLog(file, ofCase, {clock.today(), u"佐藤"_s, u"受付"_s}),
-                  records::SaveResult::Saved);
+        addLogOf(ofCase, u"佐藤"_s, u"受付"_s);
     }
 
     // The edit screen that is open over the main screen; the test ends when there is none.
@@ -178,7 +177,7 @@ TEST_F(KokyakuDeskTest, TheDetailWindowFollowsTheSelection)
 
     detail.move(100, 200);
     messages.willAnswer(core::Answer::Yes);
-    trigger("ichi");
+    screen->findChild<records::FloatingWindows*>()->ichi()->trigger();
     EXPECT_EQ(messages.takeText(), u"現在の表示位置を保存しますか？"_s);
     EXPECT_EQ(valueOf(u"SELECT 顧客詳細横位置 & ' ' & 顧客詳細縦位置 FROM 設定"_s), u"1500 3000"_s);
     detail.close();
@@ -186,6 +185,33 @@ TEST_F(KokyakuDeskTest, TheDetailWindowFollowsTheSelection)
     chooseRow(1, 0);
     QTest::qWait(20);
     EXPECT_FALSE(detail.isVisible());
+}
+
+// The log tab shows the entries of the selected case, and none of another customer's.
+TEST_F(KokyakuDeskTest, TheLogTabOfTheDetailsFollowsTheCase)
+{
+    addCaseOf(addNamed(u"木村"_s, u"キムラ"_s).key, u"見積"_s);
+    addLogOf(addCaseOf(owner, u"納品"_s).key, u"鈴木"_s, u"搬入"_s);
+    set(u"顧客詳細表示 = 1, 件名詳細表示 = 1, 顧客詳細横位置 = 300, 顧客詳細縦位置 = 450"_s);
+    openScreen();
+    auto& detail = *screen->findChild<customer::johokokyaku*>();
+    const auto shown = [&detail](const QString& caption, const QString& entry) {
+        const auto& model = *detail.findChild<ui::ListView*>(u"ListView3"_s)->model();
+        const auto& title = *detail.findChild<QLabel*>(u"lblRog"_s);
+        return QTest::qWaitFor([&] {
+            return title.text() == caption && model.index(0, 2).data().toString() == entry;
+        });
+    };
+    chooseRow(1, 0);
+    EXPECT_TRUE(shown(u"件名が選択されていません。"_s, {}));
+    chooseRow(2, 0);
+    EXPECT_TRUE(shown(u"点検 のログ"_s, u"受付"_s));
+    detail.move(500, 500);
+    chooseRow(2, 1);
+    EXPECT_TRUE(shown(u"納品 のログ"_s, u"搬入"_s));
+    EXPECT_EQ(detail.pos(), QPoint(20, 30)) << "it goes to the kept place each time";
+    chooseRow(1, 1);
+    EXPECT_TRUE(shown(u"件名が選択されていません。"_s, {})) << "nothing of the other customer stays";
 }
 
 TEST_F(KokyakuDeskTest, KeepsFilesOfACaseAndNeverTouchesThem)
@@ -232,11 +258,8 @@ TEST_F(KokyakuDeskTest, KeepsFilesOfACaseAndNeverTouchesThem)
 
 TEST_F(KokyakuDeskTest, CasesAreFoundByDayByTextAndFromTheirLog)
 {
-    customer::CaseFields other;
-    other.title = u"見積"_s;
-    other.state = u"完了"_s;
-    other.registered = QDate(2024, 1, 1);
-    EXPECT_EQ(customer::addCase(file, owner, other), records::SaveResult::Saved);
+    add(customer::caseTable(), {owner},
+        {{u"件名"_s, u"見積"_s}, {u"判定"_s, u"完了"_s}, {u"登録日"_s, u"2024/01/01(月)"_s}});
     openScreen();
     const auto pick = [this](const QString& name) {
         for (QAction* const each : screen->findChildren<QAction*>()) {
@@ -272,6 +295,34 @@ TEST_F(KokyakuDeskTest, CasesAreFoundByDayByTextAndFromTheirLog)
     trigger("MenuRogKenHyouzi");
     EXPECT_EQ(cells(2, 3), QStringList({u"点検"_s}));
     EXPECT_EQ(caption("lblKen"), u"件名表示"_s);
+}
+
+TEST_F(KokyakuDeskTest, WhatTheCaseListShowedLastComesBack)
+{
+    addCaseOf(owner, u"見積"_s);
+    const auto pick = [this](const QString& name) {
+        for (QAction* const each : screen->findChildren<QAction*>()) {
+            if (each->text().startsWith(name))
+                return each->trigger();
+        }
+    };
+    for (const auto& [view, shown] :
+         {std::pair{u"文字を含む件名表示"_s, u"'見積'を含む件名表示"_s},
+          std::pair{u"完了の件名表示"_s, u"完了の件名表示"_s},
+          std::pair{u"暦の日付の件名表示"_s, u"2024/04/15(月)の件名表示"_s}}) {
+        openScreen();
+        if (view.startsWith(u"文字"_s))
+            messages.willType(u"見積"_s);
+        pick(view);
+        closeScreen();
+        openScreen();
+        EXPECT_EQ(caption("lblKen"), shown);
+        closeScreen();
+    }
+    set(u"前回表示 = 1"_s);
+    openScreen();
+    EXPECT_EQ(caption("lblKen"), u"件名表示"_s);
+    messages.takeBoxes();
 }
 
 } // namespace

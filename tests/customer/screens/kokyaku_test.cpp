@@ -1,4 +1,3 @@
-#include "customer/data/logs.h"
 #include "support/customer/screens/main_screen_test.h"
 #include "ui/list_view.h"
 
@@ -29,12 +28,6 @@ protected:
     void setPageSize(const QString& rows)
     {
         execute(u"UPDATE 設定 SET 顧客表示数 = "_s + rows + u" WHERE 設定ID = 1"_s);
-    }
-
-    void addLogOf(const core::RecordKey& ofCase, const QString& text)
-    {
-        EXPECT_EQ(customer::addLog(file, ofCase, {clock.today(), u"佐藤"_s, text}),
-                  records::SaveResult::Saved);
     }
 };
 
@@ -162,7 +155,7 @@ TEST_F(KokyakuTest, CustomersLeadToCasesAndCasesToLogs)
     const core::RecordKey owner = addNamed(u"三木"_s, u"ﾐｷ"_s).key;
     const core::RecordKey opened = addCaseOf(owner, u"見積り"_s).key;
     addCaseOf(owner, u"納品"_s);
-    addLogOf(opened, u"電話あり\r\n折り返す"_s);
+    addLogOf(opened, u"佐藤"_s, u"電話あり\r\n折り返す"_s);
     openScreen();
     choose({u"ま行"_s});
     EXPECT_EQ(cells(2, 3), QStringList());
@@ -192,16 +185,78 @@ TEST_F(KokyakuTest, RefilledListsCarryFreshKeys)
     openScreen();
     chooseRow(1, 2);
     const core::RecordKey shown = core::RecordKey::fromText(list(1).currentKey());
-    customer::CustomerFields changed = fresh(shown).fields;
-    changed.texts[customer::HomePhone] = u"03-1234-5678"_s;
-    ASSERT_EQ(customer::changeCustomer(file, shown, changed), records::SaveResult::Saved);
+    change(customer::customerTable(), shown, {{u"自宅TEL"_s, u"03-1234-5678"_s}});
 
     screen->refillLists();
     EXPECT_EQ(cells(1, 1).value(2), u"03-1234-5678"_s);
     const core::RecordKey now = core::RecordKey::fromText(list(1).currentKey());
-    EXPECT_EQ(now, fresh(shown).key);
+    EXPECT_EQ(now, fresh(customer::customerTable(), shown).key);
     EXPECT_NE(now.stamp, shown.stamp);
     EXPECT_TRUE(list(1).selectionModel()->isRowSelected(2, {}));
+}
+
+// What hangs on the selected record stays when the list is put in another order.
+TEST_F(KokyakuTest, SortingTurnsToTheSelectedRecord)
+{
+    const core::RecordKey owner = addNamed(u"三木"_s, u"ﾐｷ"_s).key;
+    addCaseOf(owner, u"見積り"_s);
+    setPageSize(u"2"_s);
+    openScreen();
+    expectCounters("cntKokya", u"合計:5 現在:0 最大:5"_s);
+    control<QScrollBar>("HScroll1").setValue(3);
+    chooseRow(1, 0);
+    ASSERT_EQ(core::RecordKey::fromText(list(1).currentKey()).id, owner.id);
+    chooseRow(2, 0);
+    for (int time = 0; time < 2; ++time) {
+        clickHeader(1, 0);
+        EXPECT_EQ(core::RecordKey::fromText(list(1).currentKey()).id, owner.id);
+        EXPECT_EQ(cells(2, 3), QStringList({u"見積り"_s}));
+        EXPECT_FALSE(list(2).currentKey().isEmpty());
+    }
+    EXPECT_TRUE(cells(1, 0).contains(u"三木"_s));
+    expectCounters("cntKokya", u"合計:5 現在:1 最大:5"_s);
+    EXPECT_EQ(control<QScrollBar>("HScroll1").value(), 1) << "the last reading is the first now";
+}
+
+TEST_F(KokyakuTest, ARefusedSearchLeavesEverythingAsItWas)
+{
+    execute(u"INSERT INTO カスタム検索 (カスタム検索識別ID, 文字列, 順位) VALUES (0, '[ｱ', 1)"_s);
+    openScreen();
+    choose({u"か行"_s});
+    chooseRow(1, 0);
+    const QStringList before = cells(1, 0);
+    for (int time = 0; time < 2; ++time) {
+        auto& tree = control<QTreeWidget>("TreeView1");
+        tree.setCurrentItem(tree.topLevelItem(0)->child(13)->child(0));
+        EXPECT_TRUE(messages.takeText().startsWith(u"データを読めませんでした。"_s));
+        EXPECT_EQ(cells(1, 0), before);
+        EXPECT_EQ(caption("lblKokya"), u"か行"_s);
+        EXPECT_EQ(tree.currentItem()->text(0), u"か行"_s);
+        EXPECT_EQ(list(1).currentIndex().row(), 0);
+        screenFile->connection.clearErrors();
+        screen->refillLists(); // and it is not told again
+        EXPECT_TRUE(messages.takeBoxes().isEmpty());
+    }
+}
+
+TEST_F(KokyakuTest, TheNodeChosenLastComesBackWithItsChildAndItsSearch)
+{
+    execute(u"INSERT INTO カスタム検索 (カスタム検索識別ID, 文字列, 順位) VALUES (0, '花子', 1)"_s);
+    for (const auto& [path, shown] :
+         {std::pair{QStringList{u"か行"_s, u"き"_s}, u"き"_s},
+          std::pair{QStringList{u"ｶｽﾀﾑ検索"_s, u"花子"_s}, u"'花子'を含む表示"_s},
+          std::pair{QStringList{u"ＡＢＣ"_s}, u"ＡＢＣ"_s}}) {
+        openScreen();
+        choose(path);
+        closeScreen();
+        openScreen();
+        EXPECT_EQ(caption("lblKokya"), shown);
+        closeScreen();
+    }
+    execute(u"DELETE FROM カスタム検索"_s);
+    execute(u"UPDATE 設定 SET 顧客表示方法 = 114 WHERE 設定ID = 1"_s); // a search that is gone
+    openScreen();
+    EXPECT_EQ(caption("lblKokya"), u"顧客管理"_s);
 }
 
 TEST_F(KokyakuTest, KeysWalkThroughThePanes)

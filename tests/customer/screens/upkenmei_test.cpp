@@ -18,13 +18,8 @@ protected:
         owner = addNamed(u"加藤"_s, u"ｶﾄｳ"_s).key;
     }
 
-    void openToAdd() { show(std::make_unique<upkenmei>(file, drafts, owner, nullptr)); }
-    void openToChange(const core::RecordKey& key)
-    {
-        const std::optional<customer::KeptCase> kept = customer::readCase(file, key);
-        ASSERT_TRUE(kept);
-        show(std::make_unique<upkenmei>(file, drafts, *kept, nullptr));
-    }
+    void openToAdd() { add<upkenmei>({owner}); }
+    void openToChange(const core::RecordKey& key) { edit<upkenmei>(customer::caseTable(), key); }
     QString stored(const QString& column)
     {
         return valueOf(u"SELECT "_s + column + u" FROM 件名"_s);
@@ -85,73 +80,6 @@ TEST_F(UpkenmeiTest, WhatWasNotEditedIsNotRewritten)
     control<QDateEdit>(u"DTPicker1"_s).setDate(QDate(2024, 4, 1));
     press("Command1");
     EXPECT_EQ(stored(u"登録日 & 予定日"_s), u"2024/04/01(月)来月"_s);
-}
-
-TEST_F(UpkenmeiTest, WhatWasTypedForACaseThatIsGoneIsOfferedForTheNextNewOne)
-{
-    openToChange(addCaseOf(owner, u"点検"_s).key);
-    type(control<QPlainTextEdit>(u"kenmei2"_s), u"午後に電話"_s);
-    execute(u"DELETE FROM 件名"_s);
-    press("Command1");
-    EXPECT_FALSE(form->isVisible());
-    EXPECT_EQ(messages.takeBoxes().value(0).style, 48);
-    messages.willAnswer(core::Answer::Yes);
-    openToAdd();
-    EXPECT_EQ(messages.takeBoxes().size(), 1);
-    EXPECT_EQ(control<QPlainTextEdit>(u"kenmei2"_s).toPlainText(), u"午後に電話"_s);
-    EXPECT_EQ(control<QLineEdit>(u"kenmei1"_s).text(), u"点検"_s);
-}
-
-TEST_F(UpkenmeiTest, FinishingStampsTheDayAndReopeningEmptiesIt)
-{
-    const core::RecordKey key = addCaseOf(owner, u"点検"_s).key;
-    openToChange(key);
-    control<QComboBox>(u"Combo1"_s).setCurrentText(u"完了"_s);
-    clock.set(QDate(2024, 4, 20));
-    press("Command1");
-    EXPECT_EQ(stored(u"完了日"_s), u"2024/04/20(土)"_s);
-    openToChange(key);
-    control<QComboBox>(u"Combo1"_s).setCurrentText(u"続行"_s);
-    press("Command1");
-    EXPECT_EQ(stored(u"完了日"_s), QString());
-}
-
-TEST_F(UpkenmeiTest, ACaseOfADeletedCustomerIsNotAddedAndKeepsItsText)
-{
-    openToAdd();
-    type(control<QLineEdit>(u"kenmei1"_s), u"点検"_s);
-    type(control<QPlainTextEdit>(u"kenmei2"_s), u"午後に電話"_s);
-    execute(u"DELETE FROM ユーザー"_s);
-    press("Command1");
-    EXPECT_EQ(messages.takeBoxes(),
-              QList<ScriptedMessages::Box>(
-                  {{16, u"追加しようしているデータ元がみつかりません。"_s,
-                    u"すでに削除された可能性があります。再表示後にデータを確認して下さい。"_s}}));
-    EXPECT_TRUE(form->isVisible());
-    EXPECT_EQ(control<QPlainTextEdit>(u"kenmei2"_s).toPlainText(), u"午後に電話"_s);
-    EXPECT_EQ(column(u"SELECT 件名 FROM 件名"_s), QStringList());
-
-    press("Command3"); // and it is offered again
-    messages.willAnswer(core::Answer::Yes);
-    openToAdd();
-    messages.takeBoxes();
-    EXPECT_EQ(control<QPlainTextEdit>(u"kenmei2"_s).toPlainText(), u"午後に電話"_s);
-}
-
-TEST_F(UpkenmeiTest, AddsOneCaseAfterTheOther)
-{
-    openToAdd();
-    tick("chkrenzo");
-    type(control<QLineEdit>(u"kenmei1"_s), u"一件目"_s);
-    tick("chkYotei");
-    press("Command1");
-    EXPECT_FALSE(control<QCheckBox>(u"chkYotei"_s).isChecked());
-    type(control<QLineEdit>(u"kenmei1"_s), u"二件目"_s);
-    press("Command1");
-    EXPECT_EQ(column(u"SELECT 件名 FROM 件名 ORDER BY 件名ID"_s),
-              QStringList({u"一件目"_s, u"二件目"_s}));
-    press("Command3");
-    EXPECT_EQ(writes->size(), 2);
 }
 
 } // namespace

@@ -1,7 +1,11 @@
 #pragma once
 
+#include "core/data/shared.h"
 #include "records/screens/drafts.h"
 #include "records/screens/edit_form.h"
+#include "support/fake_file_chooser.h"
+#include "support/recording_opener.h"
+#include "support/user_settings.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -62,6 +66,32 @@ protected:
         type(field, text);
     }
 
+    records::Desk desk()
+    {
+        return {this->dataFile(), shared, opener, files, drafts, userSettings};
+    }
+    // Opens a form for a new record, or on a record as a list shows it that was filled now.
+    template <typename Form> Form& add(const QList<core::RecordKey>& parents, QDate day = {})
+    {
+        return show(std::make_unique<Form>(
+            desk(),
+            records::Opening{records::Opening::Mode::Add, QStringLiteral("追加"), parents, {}, day},
+            nullptr));
+    }
+    template <typename Form> Form& edit(const records::RecordTable& table, const core::RecordKey& key)
+    {
+        const auto record = records::readRecord(this->dataFile(), table, key);
+        EXPECT_TRUE(record);
+        return show(std::make_unique<Form>(
+            desk(),
+            records::Opening{records::Opening::Mode::Change, QStringLiteral("編集"), {}, record},
+            nullptr));
+    }
+
+    core::Shared shared{this->messages, this->clock};
+    RecordingOpener opener;
+    FakeFileChooser files;
+    FakeUserSettings userSettings;
     records::Drafts drafts;
     std::unique_ptr<records::EditForm> form;
     std::unique_ptr<QSignalSpy> writes;
