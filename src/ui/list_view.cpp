@@ -206,6 +206,11 @@ void ListView::mousePressEvent(QMouseEvent* event)
 void ListView::mouseReleaseEvent(QMouseEvent* event)
 {
     QTreeView::mouseReleaseEvent(event);
+    endPress();
+}
+
+void ListView::endPress()
+{
     if (std::exchange(m_pressed, false) && m_pressedColumn >= 0 && currentIndex().isValid())
         emit chosen(currentIndex().row(), m_pressedColumn, m_pressedAnother);
 }
@@ -231,8 +236,11 @@ bool ListView::isOnCheckBox(const QPoint& place) const
         .contains(place);
 }
 
+// The menu comes while the button is down, and takes its release: the press ends here, before the
+// menu's entries act on the chosen row.
 void ListView::contextMenuEvent(QContextMenuEvent* event)
 {
+    endPress();
     QPoint place = event->globalPos();
     if (event->reason() == QContextMenuEvent::Keyboard) {
         const QRect row = visualRect(currentIndex());

@@ -49,8 +49,8 @@ signals:
     // the same record stays current.
     void currentRowChanged(int row);
     // A row was chosen: it has become the current one by keys (column -1), or it was clicked in a
-    // column, which counts once, when the button is let go. `another`: it was not the current row
-    // before. No row (-1): there is no current row any more.
+    // column, which counts once, when the button is let go or the context menu is asked for.
+    // `another`: it was not the current row before. No row (-1): there is no current row any more.
     void chosen(int row, int column, bool another);
     // A column's header was clicked.
     void headerClicked(int column);
@@ -71,13 +71,14 @@ protected:
 
 private:
     void tellCurrent(int row);
+    void endPress();
     bool toggleCheck();
     bool isOnCheckBox(const QPoint& place) const;
     void findAgain(const QString& key, int row, bool wasSelected);
 
     PagedListModel* m_model = nullptr;
     bool m_refilling = false;
-    bool m_pressed = false;       // a mouse button is down
+    bool m_pressed = false;        // a mouse button is down
     bool m_pressedAnother = false; // and has chosen another row
     int m_pressedColumn = -1;
 };

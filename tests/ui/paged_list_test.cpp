@@ -198,6 +198,32 @@ TEST_F(PagedListTest, EverythingGoesByKeys)
     EXPECT_EQ(menu.count(), 1);
 }
 
+// The menu takes the button's release, so the row is chosen before the menu comes, and only once.
+TEST_F(PagedListTest, ARowIsChosenOnceByEachClickAndBeforeItsMenu)
+{
+    fill(10);
+    QStringList told;
+    QObject::connect(&view, &ui::ListView::chosen, [&told](int row, int column, bool another) {
+        told.append(u"%1 %2 %3"_s.arg(row).arg(column).arg(another));
+    });
+    QObject::connect(&view, &ui::ListView::menuRequested, [&told] { told.append(u"menu"_s); });
+    const auto place = [this](int row) {
+        return view.visualRect(list.model().index(row, 0)).center();
+    };
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place(2));
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place(2));
+    EXPECT_EQ(told, QStringList({u"2 0 1"_s, u"2 0 0"_s}));
+
+    told.clear();
+    QTest::mousePress(view.viewport(), Qt::RightButton, {}, place(4));
+    QContextMenuEvent asked(QContextMenuEvent::Mouse, place(4),
+                            view.viewport()->mapToGlobal(place(4)));
+    QCoreApplication::sendEvent(view.viewport(), &asked);
+    EXPECT_EQ(told, QStringList({u"4 0 1"_s, u"menu"_s}));
+    QTest::keyClick(&view, Qt::Key_Down); // the release went to the menu
+    EXPECT_EQ(told.last(), u"5 -1 1"_s);
+}
+
 TEST_F(PagedListTest, SaysInWordsWhatTheColourSays)
 {
     fill(3);
