@@ -173,7 +173,7 @@ void IndexPane::markNone()
 void IndexPane::goBack()
 {
     m_shown = m_shownBefore;
-    m_given.reset();
+    m_given = m_givenBefore;
     mark(m_shown);
 }
 
@@ -206,6 +206,7 @@ void IndexPane::choose(QTreeWidgetItem* item)
 {
     if (!item || !nodeOf(item).filter)
         return;
+    m_givenBefore = m_given;
     m_given = filterOf(item);
     m_shownBefore = m_shown;
     m_shown = item;

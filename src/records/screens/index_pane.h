@@ -69,11 +69,13 @@ private:
 
     std::unique_ptr<Ui::IndexPane> m_ui;
     Context m_context;
-    QList<IndexNode> m_nodes; // by the number that an item keeps
+    QList<IndexNode> m_nodes;                       // by the number that an item keeps
     const QTreeWidgetItem* m_beforePress = nullptr; // chosen when the mouse button went down
-    std::optional<ListFilter> m_given;
-    QTreeWidgetItem* m_shown = nullptr; // the node that was chosen last
+    QTreeWidgetItem* m_shown = nullptr;             // the node that was chosen last
+    std::optional<ListFilter> m_given;              // what it asked for
+    // The node before it, and what that had asked for.
     QTreeWidgetItem* m_shownBefore = nullptr;
+    std::optional<ListFilter> m_givenBefore;
 };
 
 } // namespace records

@@ -114,7 +114,7 @@ void MainShell::saveDesk() const
 // Files are told apart by where they lie, whatever that holds.
 QString MainShell::keptName(const QString& name) const
 {
-    const QByteArray place = m_desk.file.connection.path().toUtf8();
+    const QByteArray place = QFileInfo(m_desk.file.connection.path()).canonicalFilePath().toUtf8();
     const QByteArray hash = QCryptographicHash::hash(place, QCryptographicHash::Sha1).toHex();
     return objectName() + u'/' + name + u'/' + QString::fromLatin1(hash);
 }
