@@ -77,7 +77,7 @@ private:
 
     PagedListModel* m_model = nullptr;
     bool m_refilling = false;
-    bool m_pressed = false;       // a mouse button is down
+    bool m_pressed = false;        // a mouse button is down
     bool m_pressedAnother = false; // and has chosen another row
     int m_pressedColumn = -1;
 };

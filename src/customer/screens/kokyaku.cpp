@@ -85,12 +85,12 @@ void kokyaku::Form_Load()
     addHelp(*m_ui->Toolbar1, m_ui->ToolHelp);
     m_commands->addTools(*m_ui->Toolbar1, m_ui->Toolbar1->actions().first());
     addMenus();
-    assemble({{m_ui->index->tree(), &m_ui->customers->view(), &m_ui->cases->view(),
-               &m_ui->logs->view(), &m_ui->files->view(), m_ui->schedule->calendar(),
-               &m_ui->schedule->view()},
-              {m_ui->customers, m_ui->cases, m_ui->logs},
-              m_ui->splitLists,
-              m_windows});
+    assemble(
+        {{m_ui->index->tree(), &m_ui->customers->view(), &m_ui->cases->view(), &m_ui->logs->view(),
+          &m_ui->files->view(), m_ui->schedule->calendar(), &m_ui->schedule->view()},
+         {m_ui->customers, m_ui->cases, m_ui->logs},
+         m_ui->splitLists,
+         m_windows});
     connectLists();
     connectCommands();
     m_ui->splitDesk->setSizes({IndexWidth, width() - IndexWidth});
@@ -194,8 +194,7 @@ void kokyaku::logChosen(bool /*another*/, int column)
 void kokyaku::refillCustomersAndCases()
 {
     m_ui->customers->refill();
-    m_cases->renameCustomer(selection().key(Lists::Customers),
-                            selection().title(Lists::Customers));
+    m_cases->renameCustomer(selection().key(Lists::Customers), selection().title(Lists::Customers));
     m_cases->refill();
     m_ui->files->renameOwner(selection().key(Lists::Cases), selection().title(Lists::Cases));
 }

@@ -69,7 +69,7 @@ private:
 
     std::unique_ptr<Ui::IndexPane> m_ui;
     Context m_context;
-    QList<IndexNode> m_nodes; // by the number that an item keeps
+    QList<IndexNode> m_nodes;                       // by the number that an item keeps
     const QTreeWidgetItem* m_beforePress = nullptr; // chosen when the mouse button went down
     std::optional<ListFilter> m_given;
     QTreeWidgetItem* m_shown = nullptr; // the node that was chosen last

@@ -47,8 +47,8 @@ void ListPane::initialize(Database& database, const ListDescription& list, const
     m_ui->option->setObjectName(parts.option);
     m_ui->option->setText(parts.title);
     m_ui->option->setToolTip(parts.title + u"リストを大きく表示する"_s);
-    m_list = std::make_unique<ui::PagedList>(*m_ui->list, *m_ui->pages, m_ui->counters,
-                                             headersOf(list));
+    m_list =
+        std::make_unique<ui::PagedList>(*m_ui->list, *m_ui->pages, m_ui->counters, headersOf(list));
     m_list->countPages(list.counters == CounterPolicy::Pages);
     if (!list.check.isEmpty())
         m_list->model().setCheckBoxes(true, parts.table != nullptr);

@@ -1,9 +1,9 @@
 #include "customer/data/shortcuts.h"
 #include "customer/screens/johokokyaku.h"
 #include "customer/screens/klogpreview.h"
-#include "support/customer/screens/main_screen_test.h"
 #include "records/screens/edit_form.h"
 #include "records/screens/floating_windows.h"
+#include "support/customer/screens/main_screen_test.h"
 #include "ui/list_view.h"
 
 #include <QAction>
@@ -211,7 +211,8 @@ TEST_F(KokyakuDeskTest, TheLogTabOfTheDetailsFollowsTheCase)
     EXPECT_TRUE(shown(u"納品 のログ"_s, u"搬入"_s));
     EXPECT_EQ(detail.pos(), QPoint(20, 30)) << "it goes to the kept place each time";
     chooseRow(1, 1);
-    EXPECT_TRUE(shown(u"件名が選択されていません。"_s, {})) << "nothing of the other customer stays";
+    EXPECT_TRUE(shown(u"件名が選択されていません。"_s, {}))
+        << "nothing of the other customer stays";
 }
 
 TEST_F(KokyakuDeskTest, KeepsFilesOfACaseAndNeverTouchesThem)

@@ -26,7 +26,8 @@ namespace {
 
 const QString ChangedQuestion =
     u"すでにデータが更新されている可能性があります、このまま更新しますか？"_s;
-const Box GoneBox{48, u"データが削除されている為、更新できません。\r\nリスト表示を更新して下さい。"_s};
+const Box GoneBox{48,
+                  u"データが削除されている為、更新できません。\r\nリスト表示を更新して下さい。"_s};
 const Box NoParentBox{16, u"追加しようしているデータ元がみつかりません。"_s,
                       u"すでに削除された可能性があります。再表示後にデータを確認して下さい。"_s};
 
@@ -285,7 +286,8 @@ TEST_F(RecordRulesTest, ColumnsOfNumbersTakeNumbersOnly)
 {
     RecordTable table = customer::deliveryTable();
     table.numbers = {{u"定価"_s}, {u"売値"_s, text::NumberForm::Decimal}};
-    const Record kept = add(table, {owner.key}, {{u"定価"_s, u"１，２００"_s}, {u"売値"_s, u"+1.5"_s}});
+    const Record kept =
+        add(table, {owner.key}, {{u"定価"_s, u"１，２００"_s}, {u"売値"_s, u"+1.5"_s}});
     EXPECT_EQ(kept.text(u"定価"), u"1200"_s);
     EXPECT_EQ(kept.text(u"売値"), u"1.5"_s);
     const FieldValues shown{{u"定価"_s, u"1200"_s}, {u"売値"_s, u"不明"_s}}; // stored by another

@@ -19,7 +19,8 @@ using storage::ErrorKind;
 
 namespace {
 
-const QString DraftQuestion = u"前回、保存されずに閉じた入力があります。\r\n続きから入力しますか？"_s;
+const QString DraftQuestion =
+    u"前回、保存されずに閉じた入力があります。\r\n続きから入力しますか？"_s;
 const QString ChangedQuestion =
     u"すでにデータが更新されている可能性があります、このまま更新しますか？"_s;
 
@@ -29,12 +30,12 @@ protected:
     struct Form {
         const char* name;
         const records::RecordTable& table;
-        core::RecordKey key;                // of the record that is changed
-        QList<core::RecordKey> parents;     // of a new one
-        std::function<void()> add;          // opens the form for a new record
-        std::function<void()> change;       // and on the record as it is now
-        const char* longText;               // the field that takes any length
-        QString column;                     // that it shows
+        core::RecordKey key;            // of the record that is changed
+        QList<core::RecordKey> parents; // of a new one
+        std::function<void()> add;      // opens the form for a new record
+        std::function<void()> change;   // and on the record as it is now
+        const char* longText;           // the field that takes any length
+        QString column;                 // that it shows
         int textFields;
     };
 
@@ -44,37 +45,42 @@ protected:
         owner = addNamed(u"加藤"_s, u"ｶﾄｳ"_s).key;
         ofCase = addCaseOf(owner, u"点検"_s).key;
         log = addLogOf(ofCase, u"佐藤"_s, u"受付"_s).key;
-        entry = CustomerTest::add(records::scheduleTable(), {},
-                                  {{u"日付"_s, u"2024/04/15(月)"_s},
-                                   {u"時刻"_s, u"00:00"_s},
-                                   {u"予定"_s, u"棚卸"_s}})
-                    .key;
+        entry =
+            CustomerTest::add(
+                records::scheduleTable(), {},
+                {{u"日付"_s, u"2024/04/15(月)"_s}, {u"時刻"_s, u"00:00"_s}, {u"予定"_s, u"棚卸"_s}})
+                .key;
         shortenWaiting(file.connection);
     }
 
-    template <typename Screen> Form form_(const char* name, const records::RecordTable& table,
-                                          const core::RecordKey& key,
-                                          const QList<core::RecordKey>& parents,
-                                          const char* longText, const QString& column,
-                                          int textFields)
+    template <typename Screen>
+    Form form_(const char* name, const records::RecordTable& table, const core::RecordKey& key,
+               const QList<core::RecordKey>& parents, const char* longText, const QString& column,
+               int textFields)
     {
-        return {name,    table,
-                key,     parents,
+        return {name,
+                table,
+                key,
+                parents,
                 [this, parents] {
                     add<Screen>(parents);
                     fillRequired();
                 },
                 [this, &table, key] { edit<Screen>(table, key); },
-                longText, column, textFields};
+                longText,
+                column,
+                textFields};
     }
     QList<Form> forms()
     {
         using namespace customer;
         return {
-            form_<upkokyaku>("customer", customerTable(), owner, {}, "txtkokyaku_15", u"備考"_s, 16),
+            form_<upkokyaku>("customer", customerTable(), owner, {}, "txtkokyaku_15", u"備考"_s,
+                             16),
             form_<upkenmei>("case", caseTable(), ofCase, {owner}, "kenmei2", u"備考"_s, 2),
             form_<upkrog>("log entry", logTable(), log, {ofCase}, "Rrogu", u"Rログ"_s, 2),
-            form_<upkyotei>("schedule", records::scheduleTable(), entry, {}, "yotei1", u"予定"_s, 1),
+            form_<upkyotei>("schedule", records::scheduleTable(), entry, {}, "yotei1", u"予定"_s,
+                            1),
         };
     }
     void fillRequired()
@@ -253,8 +259,7 @@ TEST_F(EditFormTableTest, DeletesAfterAsking)
         EXPECT_TRUE(form->isVisible());
         messages.willAnswer(Answer::Yes);
         press("Command2");
-        EXPECT_EQ(messages.takeBoxes(),
-                  QList<ScriptedMessages::Box>(2, {52, u"削除しますか？"_s}));
+        EXPECT_EQ(messages.takeBoxes(), QList<ScriptedMessages::Box>(2, {52, u"削除しますか？"_s}));
         EXPECT_FALSE(form->isVisible());
         EXPECT_EQ(rows(*each), before - 1);
     }
