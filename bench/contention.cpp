@@ -3,9 +3,9 @@
 #include "core/data/messages.h"
 #include "customer/data/customer_file.h"
 #include "customer/data/customers.h"
+#include "storage/base/waiting.h"
 #include "storage/connection.h"
 #include "storage/schema/definitions.h"
-#include "storage/waiting.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

@@ -12,7 +12,7 @@ class QAbstractButton;
 class QMenu;
 
 namespace Ui {
-class ListPane;
+class list_pane;
 }
 namespace ui {
 class ListView;
@@ -89,7 +89,7 @@ private:
                                            const std::optional<ListOrder>& clicked);
     ui::PagedList::TableRows tableRows();
 
-    std::unique_ptr<Ui::ListPane> m_ui;
+    std::unique_ptr<Ui::list_pane> m_ui;
     std::unique_ptr<ui::PagedList> m_list;
     Database* m_data = nullptr;
     const ListDescription* m_description = nullptr;

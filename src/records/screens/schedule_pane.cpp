@@ -22,7 +22,7 @@ constexpr int DaysShown = 7; // from the chosen day on
 
 SchedulePane::SchedulePane(QWidget* parent)
     : QWidget(parent),
-      m_ui(std::make_unique<Ui::SchedulePane>()),
+      m_ui(std::make_unique<Ui::schedule_pane>()),
       m_model({u"予定日"_s, u"時刻"_s, u"予定内容"_s})
 {
     m_ui->setupUi(this);
