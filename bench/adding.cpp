@@ -16,11 +16,11 @@ constexpr int AddsInARun = 50;
 const QString Moment = u"'2026/04/01 10:30:00.000'"_s;
 const QString NewRow = u" WHERE \"ﾕｰｻﾞｰ更新ID\" = last_insert_rowid()"_s;
 
-customer::CustomerFields newCustomer()
+records::FieldValues newCustomer()
 {
-    customer::CustomerFields fields;
-    for (std::size_t i = 0; i < fields.texts.size(); ++i)
-        fields.texts[i] = u"新しい顧客の欄"_s + QString::number(i);
+    records::FieldValues fields;
+    for (const QString& column : customer::customerTexts())
+        fields.append({column, u"新しい顧客の欄"_s + QString::number(fields.size())});
     return fields;
 }
 
@@ -30,10 +30,9 @@ QStringList addingStatements()
     QStringList columns{u"\"ﾕｰｻﾞｰ識別ID\""_s, u"\"Y印字\""_s, u"\"更新日時\""_s,
                         u"\"最近更新日時\""_s};
     QStringList values{u"0"_s, u"0"_s, Moment, Moment};
-    const customer::CustomerFields fields = newCustomer();
-    for (int i = 0; i < customer::CustomerFieldCount; ++i) {
-        columns.append(u'"' + customerColumn(static_cast<customer::CustomerField>(i)) + u'"');
-        values.append(u'\'' + fields.texts[static_cast<std::size_t>(i)] + u'\'');
+    for (const auto& [column, value] : newCustomer()) {
+        columns.append(u'"' + column + u'"');
+        values.append(u'\'' + value.toText() + u'\'');
     }
     const QString stamped = u", \"更新日時\" = "_s + Moment;
     return {
@@ -58,11 +57,12 @@ Times compareAdding(const QString& path, const QString& password, QDate today)
     const ScratchCopy other(path, u"adding-bare"_s);
     OpenedSample sample(ours.path(), today);
     const BareFile bare(other.path(), password);
-    const customer::CustomerFields fields = newCustomer();
+    const records::FieldValues fields = newCustomer();
     const QStringList statements = addingStatements();
     return compare(
         [&] {
-            if (addCustomer(sample.file(), fields) != records::SaveResult::Saved)
+            if (addRecord(sample.file(), customer::customerTable(), {}, fields)
+                != records::SaveResult::Saved)
                 giveUp(sample.file().connection.lastError().message);
         },
         [&] {

@@ -3,9 +3,9 @@
 #include "core/data/messages.h"
 #include "customer/data/customer_file.h"
 #include "customer/data/customers.h"
+#include "storage/base/waiting.h"
 #include "storage/connection.h"
 #include "storage/schema/definitions.h"
-#include "storage/waiting.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -104,13 +104,14 @@ Figures addMany(customer::CustomerFile& file, int adds)
 {
     Figures figures;
     const Waits waits(figures);
-    customer::CustomerFields fields;
-    for (std::size_t i = 0; i < fields.texts.size(); ++i)
-        fields.texts[i] = u"新しい顧客の欄"_s + QString::number(i);
+    records::FieldValues fields;
+    for (const QString& column : customer::customerTexts())
+        fields.append({column, u"新しい顧客の欄"_s + QString::number(fields.size())});
     for (int i = 0; i < adds; ++i) {
         const double waitedBefore = figures.waited;
         const auto begin = std::chrono::steady_clock::now();
-        const bool saved = customer::addCustomer(file, fields) == records::SaveResult::Saved;
+        const bool saved =
+            addRecord(file, customer::customerTable(), {}, fields) == records::SaveResult::Saved;
         const double worked = Seconds(std::chrono::steady_clock::now() - begin).count();
         ++(saved ? figures.saved : figures.refused);
         figures.worked += worked;

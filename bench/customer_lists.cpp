@@ -1,13 +1,16 @@
 #include "customer_lists.h"
 
 #include "bare_file.h"
+#include "hand_lists.h"
 #include "opened_sample.h"
 
 #include "customer/data/case_index.h"
-#include "customer/data/case_list.h"
+#include "customer/data/cases.h"
 #include "customer/data/customer_index.h"
-#include "customer/data/customer_list.h"
-#include "customer/data/log_list.h"
+#include "customer/data/customers.h"
+#include "customer/data/logs.h"
+#include "customer/data/settings.h"
+#include "records/data/record_list.h"
 #include "text/dates.h"
 #include "text/fold.h"
 
@@ -104,21 +107,21 @@ public:
         compare(
             u"page of a case's log entries"_s,
             [this] {
-                return customer::openLogList(m_file, customer::logsOfCase(m_record, {}), {},
-                                             m_settings);
+                return openList(m_file, customer::logList(), customer::logsOfCase(m_record, {}), {},
+                                m_settings);
             },
             Logs + LogOrder);
     }
 
 private:
     using Opened = std::unique_ptr<records::RecordList>;
-    using Order = std::optional<customer::SortOrder>;
+    using Order = std::optional<records::ListOrder>;
 
     // Reads the page as the main screen does: it is opened, measured and read.
     void readPage(const Opened& list, qint64 expected);
     void compare(const QString& name, const std::function<Opened()>& open, const QString& bare);
-    void customers(const QString& name, const customer::ListFilter& filter, const QString& bare);
-    void cases(const QString& name, const customer::ListFilter& filter, const QString& bare,
+    void customers(const QString& name, const records::ListFilter& filter, const QString& bare);
+    void cases(const QString& name, const records::ListFilter& filter, const QString& bare,
                const Order& clicked = {});
     void measureCustomers();
     void measureCases();
@@ -130,7 +133,7 @@ private:
     BareFile m_bare;
     QDate m_today;
     core::RecordKey m_record; // another one at every turn, as a user chooses them
-    customer::Settings m_settings;
+    records::Settings m_settings;
 };
 
 void CustomerLists::readPage(const Opened& list, qint64 expected)
@@ -164,63 +167,66 @@ void CustomerLists::compare(const QString& name, const std::function<Opened()>& 
     });
 }
 
-void CustomerLists::customers(const QString& name, const customer::ListFilter& filter,
+void CustomerLists::customers(const QString& name, const records::ListFilter& filter,
                               const QString& bare)
 {
     compare(
-        name, [&] { return customer::openCustomerList(m_file, filter, {}, m_settings); },
+        name, [&] { return openList(m_file, customer::customerList(), filter, {}, m_settings); },
         Customers + bare);
 }
 
-void CustomerLists::cases(const QString& name, const customer::ListFilter& filter,
+void CustomerLists::cases(const QString& name, const records::ListFilter& filter,
                           const QString& bare, const Order& clicked)
 {
     compare(
-        name, [&] { return customer::openCaseList(m_file, filter, clicked, m_settings); }, bare);
+        name, [&] { return openList(m_file, customer::caseList(), filter, clicked, m_settings); },
+        bare);
 }
 
 void CustomerLists::measureCustomers()
 {
-    const customer::IndexNode index = customer::customerIndex(m_file);
+    const records::IndexNode index = customer::customerIndex(m_file);
     const auto node = [&](const QString& caption) {
-        const auto found =
-            std::ranges::find(index.children, caption, &customer::IndexNode::caption);
-        return *customer::filterOf(*found, m_settings, m_today);
+        return filterOf(index.children, caption, m_settings, m_today);
     };
     customers(u"page of か行"_s, node(u"か行"_s), KaRow + CustomerOrder);
     customers(u"page of 他行"_s, node(u"他行"_s), otherRow() + CustomerOrder);
-    customers(
-        u"page of the customers of 最近更新"_s, node(u"最近更新"_s),
-        between(uR"("最近更新日時")"_s, m_today.addDays(-m_settings.recentCustomerDays), m_today)
-            + uR"( ORDER BY "最近更新日時" DESC)"_s);
+    customers(u"page of the customers of 最近更新"_s, node(u"最近更新"_s),
+              between(uR"("最近更新日時")"_s,
+                      m_today.addDays(-m_settings[customer::settings::RecentCustomerDays]), m_today)
+                  + uR"( ORDER BY "最近更新日時" DESC)"_s);
     customers(u"page of the customers with a text"_s, customer::customersWithText(Word),
               filled(CustomerText, u'%' + Word + u'%') + CustomerOrder);
 }
 
 void CustomerLists::measureCases()
 {
+    const QList<records::IndexNode> index = customer::caseIndex({});
+    const auto node = [&](const QString& caption) {
+        return filterOf(index, caption, m_settings, m_today);
+    };
     compare(
         u"page of a customer's cases"_s,
         [this] {
-            return customer::openCaseList(m_file, customer::casesOfCustomer(m_record, {}), {},
-                                          m_settings);
+            return openList(m_file, customer::caseList(), customer::casesOfCustomer(m_record, {}),
+                            {}, m_settings);
         },
         CasesFirst + uR"( WHERE k."ユーザーID" = # AND k."件名識別ID" = 0)"_s + CaseOrder);
-    cases(u"page of 全ての件名表示"_s, customer::allCases(), CasesFirst + CaseOrder);
-    cases(u"page of 続行の件名表示"_s, customer::openCases(),
+    cases(u"page of 全ての件名表示"_s, records::ListFilter{}, CasesFirst + CaseOrder);
+    cases(u"page of 続行の件名表示"_s, node(u"続行の件名表示"_s),
           CasesFirst + filled(CaseState, u"続行"_s) + CaseOrder);
-    cases(u"page of 完了の件名表示"_s, customer::finishedCases(),
+    cases(u"page of 完了の件名表示"_s, node(u"完了の件名表示"_s),
           CasesFirst + filled(CaseState, u"完了"_s) + CaseOrder);
-    cases(u"page of the cases of 最近一週間"_s, customer::recentCases(m_settings, m_today),
+    cases(u"page of the cases of 最近一週間"_s, customer::recentCases({m_settings, m_today}),
           CasesFirst
-              + between(uR"(k."最近更新日時")"_s, m_today.addDays(-m_settings.recentCaseDays),
-                        m_today)
+              + between(uR"(k."最近更新日時")"_s,
+                        m_today.addDays(-m_settings[customer::settings::RecentCaseDays]), m_today)
               + uR"( ORDER BY k."最近更新日時" DESC)"_s);
     cases(u"page of the cases of a day"_s, customer::casesOfDay(m_today),
           CasesFirst + filled(CaseDay, text::fold(text::formatDate(m_today))) + FewCasesOrder);
-    cases(u"page of the cases by 表示名"_s, customer::allCases(),
+    cases(u"page of the cases by 表示名"_s, records::ListFilter{},
           CustomersFirst + uR"( ORDER BY corvane_key(u."表示名"), k."件名ID")"_s,
-          customer::SortOrder{2, false});
+          orderOf(customer::caseList(), 2, false));
 }
 
 void CustomerLists::measureCaseSearches()

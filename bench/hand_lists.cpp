@@ -1,9 +1,10 @@
 #include "hand_lists.h"
 
 #include "customer/data/case_index.h"
-#include "customer/data/case_list.h"
+#include "customer/data/cases.h"
 #include "customer/data/customer_index.h"
-#include "customer/data/customer_list.h"
+#include "customer/data/customers.h"
+#include "customer/data/settings.h"
 #include "text/dates.h"
 
 #include <QSet>
@@ -43,27 +44,28 @@ const QStringList KaRow{
 
 HandFilter kaRow(customer::CustomerFile& file, QDate today)
 {
-    const customer::IndexNode index = customer::customerIndex(file);
-    const auto node = std::ranges::find(index.children, u"か行"_s, &customer::IndexNode::caption);
-    return {u"か行"_s, *customer::filterOf(*node, {}, today), KaRow};
+    return {u"か行"_s, filterOf(customer::customerIndex(file).children, u"か行"_s, {}, today),
+            KaRow};
 }
 
 HandFilter recent(int days, QDate today)
 {
-    customer::Settings settings;
-    settings.recentCustomerDays = days;
+    records::Settings settings;
+    settings.set(customer::settings::RecentCustomerDays, days);
     const QString condition = uR"(~u."最近更新日時" BETWEEN ')"_s
         + text::formatPlainDate(today.addDays(-days)) + u" 00:00:00.000' AND '"_s
         + text::formatPlainDate(today) + u" 23:59:59.000'"_s;
     return {u"最近更新 of "_s + QString::number(days) + u" days"_s,
-            customer::recentCustomers(settings, today),
+            customer::recentCustomers({settings, today}),
             {condition},
             {},
             settings};
 }
 
-HandFilter ofState(const QString& state, const customer::ListFilter& filter)
+HandFilter ofState(const QString& state)
 {
+    const records::ListFilter filter =
+        filterOf(customer::caseIndex({}), state + u"の件名表示"_s, {}, {});
     return {state,
             filter,
             {uR"(~corvane_fold(k."判定") = ')"_s + state + u'\'',
@@ -115,6 +117,20 @@ QStringList inOrder(const BareFile& bare, const HandList& list, const HandOrder&
 
 } // namespace
 
+records::ListFilter filterOf(const QList<records::IndexNode>& nodes, const QString& caption,
+                             const records::Settings& settings, QDate today)
+{
+    const auto found = std::ranges::find(nodes, caption, &records::IndexNode::caption);
+    return *found->filter({settings, today});
+}
+
+std::unique_ptr<records::RecordList> HandList::open(const HandFilter& filter, int column,
+                                                    bool descending) const
+{
+    return openList(*file, *list, filter.filter, orderOf(*list, column, descending),
+                    filter.settings);
+}
+
 HandList customerList(customer::CustomerFile& file, QDate today)
 {
     HandList list;
@@ -130,10 +146,8 @@ HandList customerList(customer::CustomerFile& file, QDate today)
                    {u"E-MAIL"_s, 3, u"u"_s, u"E-MAIL"_s, ByKey}};
     list.filters = {
         kaRow(file, today), recent(2, today), recent(7, today), {u"顧客管理"_s, {}, {}}};
-    list.open = [&file](const HandFilter& filter, const customer::SortOrder& order) {
-        return customer::openCustomerList(file, filter.filter, order, filter.settings);
-    };
-    list.rowsOfPage = &customer::Settings::customersShown;
+    list.list = &customer::customerList();
+    list.file = &file;
     return list;
 }
 
@@ -153,13 +167,9 @@ HandList caseList(customer::CustomerFile& file)
                    {u"件名"_s, 3, u"k"_s, u"件名"_s, ByKey},
                    {u"備考"_s, 4, u"k"_s, u"備考"_s, ByKey},
                    {u"判定"_s, 5, u"k"_s, u"判定"_s, ByKey}};
-    list.filters = {ofState(u"続行"_s, customer::openCases()),
-                    ofState(u"完了"_s, customer::finishedCases()),
-                    {u"全て"_s, customer::allCases(), {}}};
-    list.open = [&file](const HandFilter& filter, const customer::SortOrder& order) {
-        return customer::openCaseList(file, filter.filter, order, filter.settings);
-    };
-    list.rowsOfPage = &customer::Settings::casesShown;
+    list.filters = {ofState(u"続行"_s), ofState(u"完了"_s), {u"全て"_s, {}, {}}};
+    list.list = &customer::caseList();
+    list.file = &file;
     return list;
 }
 

@@ -2,9 +2,9 @@
 
 #include "bare_file.h"
 
+#include "customer/data/customer_file.h"
+#include "records/data/index_node.h"
 #include "records/data/record_list.h"
-#include "customer/data/list_filter.h"
-#include "customer/data/settings.h"
 
 #include <QDate>
 #include <QList>
@@ -29,12 +29,12 @@ struct HandOrder {
 
 struct HandFilter {
     QString name;
-    customer::ListFilter filter;
+    records::ListFilter filter;
     // Each gives the filter's rows; a tilde stands before what an index of it is over. None: all
     // rows.
     QStringList conditions;
-    QString onlyValueOf = {};         // a column that holds the same in all these rows
-    customer::Settings settings = {}; // with which the list is opened
+    QString onlyValueOf = {};        // a column that holds the same in all these rows
+    records::Settings settings = {}; // with which the list is opened
 };
 
 // A table in the order of whose index a list can be read, the others joined to it.
@@ -53,16 +53,21 @@ struct HandList {
     QString tieBreak;
     QList<HandOrder> orders;
     QList<HandFilter> filters;
-    std::function<std::unique_ptr<records::RecordList>(const HandFilter& filter,
-                                                    const customer::SortOrder& order)>
-        open;
-    int customer::Settings::*rowsOfPage = nullptr; // the setting that says how long a page is
+    const records::ListDescription* list = nullptr;
+    customer::CustomerFile* file = nullptr;
 
-    int pageRows(const HandFilter& filter) const { return filter.settings.*rowsOfPage; }
+    // As the program opens it, in the order of a column.
+    std::unique_ptr<records::RecordList> open(const HandFilter& filter, int column,
+                                              bool descending) const;
+    int pageRows(const HandFilter& filter) const { return filter.settings[list->pageRows]; }
 };
 
 HandList customerList(customer::CustomerFile& file, QDate today);
 HandList caseList(customer::CustomerFile& file);
+
+// What the node of an index with a caption shows.
+records::ListFilter filterOf(const QList<records::IndexNode>& nodes, const QString& caption,
+                             const records::Settings& settings, QDate today);
 
 // A stretch of a list's rows.
 struct Window {

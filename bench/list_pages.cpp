@@ -36,10 +36,14 @@ struct Trial {
 struct Case {
     const HandList& list;
     const HandFilter& filter;
-    customer::SortOrder order;
+    int column;
+    bool descending;
     std::vector<HandWay> ways;
 
-    std::unique_ptr<records::RecordList> open() const { return list.open(filter, order); }
+    std::unique_ptr<records::RecordList> open() const
+    {
+        return list.open(filter, column, descending);
+    }
 };
 
 class ListPages {
@@ -85,9 +89,7 @@ void ListPages::measureOrder(const HandList& list, const HandFilter& filter, con
     const QString last = name + u"last page"_s;
     if (!m_figures.wantsAnyOf({first, middle, last}))
         return;
-    const Case ofCase{list,
-                      filter,
-                      {order.column, descending},
+    const Case ofCase{list, filter, order.column, descending,
                       handWays(m_bare, list, order, descending, filter)};
     const qint64 pages = ofCase.open()->pageCount();
     m_figures.measure(first, Limit, [&] { return comparePage(ofCase, 1); });

@@ -9,6 +9,7 @@
 #include "customer/data/cases.h"
 #include "customer/data/customers.h"
 #include "customer/data/logs.h"
+#include "text/dates.h"
 
 #include <algorithm>
 #include <functional>
@@ -49,22 +50,39 @@ core::RecordKey owner()
     return {1, 0, 1, {}};
 }
 
-const Add AllAdds[] = {{u"pages written by the add of a customer"_s, 12,
-                        [](customer::CustomerFile& file, const core::RecordKey& pattern) {
-                            return addCustomer(file, readCustomer(file, pattern)->fields);
-                        }},
-                       {u"pages written by the add of a case"_s, 22,
-                        [](customer::CustomerFile& file, const core::RecordKey& pattern) {
-                            customer::CaseFields fields = readCase(file, pattern)->fields;
-                            fields.registered = file.clock.today();
-                            return addCase(file, owner(), fields);
-                        }},
-                       {u"pages written by the add of a log entry"_s, 10,
-                        [](customer::CustomerFile& file, const core::RecordKey& pattern) {
-                            customer::LogFields fields = readLog(file, pattern)->fields;
-                            fields.recorded = file.clock.today();
-                            return addLog(file, owner(), fields);
-                        }}};
+// A record like another one: what a form would hand over.
+records::SaveResult addLike(customer::CustomerFile& file, const records::RecordTable& table,
+                            const core::RecordKey& pattern, const QList<core::RecordKey>& parents,
+                            const QStringList& columns, const QString& day = {})
+{
+    const std::optional<records::Record> like = readRecord(file, table, pattern);
+    if (!like)
+        giveUp(u"There is no record to copy."_s);
+    records::FieldValues fields;
+    for (const QString& column : columns)
+        fields.append({column, like->value(column)});
+    if (!day.isEmpty())
+        records::setField(fields, day, text::formatDate(file.clock.today()));
+    return addRecord(file, table, parents, fields);
+}
+
+const Add AllAdds[] = {
+    {u"pages written by the add of a customer"_s, 12,
+     [](customer::CustomerFile& file, const core::RecordKey& pattern) {
+         return addLike(file, customer::customerTable(), pattern, {},
+                        customer::customerTexts() + QStringList{u"Y印字"_s});
+     }},
+    {u"pages written by the add of a case"_s, 22,
+     [](customer::CustomerFile& file, const core::RecordKey& pattern) {
+         return addLike(file, customer::caseTable(), pattern, {owner()},
+                        {u"登録日"_s, u"件名"_s, u"備考"_s, u"判定"_s, u"K印字"_s, u"予定日"_s},
+                        u"登録日"_s);
+     }},
+    {u"pages written by the add of a log entry"_s, 10,
+     [](customer::CustomerFile& file, const core::RecordKey& pattern) {
+         return addLike(file, customer::logTable(), pattern, {owner()},
+                        {u"登録日"_s, u"記録者"_s, u"Rログ"_s}, u"登録日"_s);
+     }}};
 
 // Adds copies of every twentieth row, under numbers of their own. The pages of indexes that were
 // just built are full and are divided by the first rows that come into them; those of a file in use

@@ -70,7 +70,7 @@ void measureList(Figures& figures, const HandList& list)
         for (const HandOrder& order : list.orders) {
             const QString name = u"position in the "_s + list.name + u" of "_s + filter.name
                 + u" by "_s + order.name + u" and its page"_s;
-            const Open open = [&] { return list.open(filter, {order.column, false}); };
+            const Open open = [&] { return list.open(filter, order.column, false); };
             if (figures.wants(name) && open()->total() > 0) {
                 figures.measure(name, Limit,
                                 [&] { return comparePosition(open, list.pageRows(filter)); });

@@ -4,9 +4,9 @@
 #include "reading.h"
 
 #include "customer/data/case_index.h"
-#include "customer/data/case_list.h"
+#include "customer/data/cases.h"
 #include "customer/data/customer_index.h"
-#include "customer/data/customer_list.h"
+#include "customer/data/customers.h"
 
 #include <QElapsedTimer>
 
@@ -24,13 +24,6 @@ constexpr double SecondInOrder = 2.5;
 constexpr double RestInOrder = 1.2;
 constexpr int PageRows = 100;
 constexpr int FewRows = 50; // of a page, so that what is found is more than one of them
-
-const QString Customers = u"SELECT * FROM ユーザー"_s;
-const QString Cases = u"SELECT DISTINCT 件名.件名更新ID ,件名.件名ID ,件名.件名識別ID ,"_s
-    + u"件名.登録日 ,件名.予定日 ,件名.件名 ,件名.備考 as 件備考 ,件名.判定 , 件名.K印字 , "_s
-    + u"件名.更新日時 as 件更新日時 , 件名.最近更新日時 , ユーザー.* FROM ユーザー "_s
-    + u"INNER JOIN 件名 ON (ユーザー.ﾕｰｻﾞｰ識別ID = 件名.件名識別ID) "_s
-    + u"AND (ユーザー.ﾕｰｻﾞｰID = 件名.ﾕｰｻﾞｰID) "_s;
 
 const QString BareCustomers =
     uR"(SELECT count(*) FROM "ユーザー" WHERE corvane_like(?, "表示名ﾌﾘｶﾞﾅ", "表示名", )"_s
@@ -52,19 +45,24 @@ QString bareCount(QString statement, const QString& text)
     return statement.replace(u'?', u"'%"_s + text + u"%'"_s);
 }
 
+// In the order of the first column.
+QString statementOf(const records::ListDescription& list, const records::ListFilter& filter)
+{
+    return listStatement(list, filter, orderOf(list, 0, false), {});
+}
+
 Search customers(const QString& text, int pageRows)
 {
     return {u"customers with "_s + text,
-            Customers + customer::customersWithText(text).condition
-                + customer::customerSortClause({0, false}),
-            pageRows, bareCount(BareCustomers, text)};
+            statementOf(customer::customerList(), customer::customersWithText(text)), pageRows,
+            bareCount(BareCustomers, text)};
 }
 
 Search cases(const QString& text, int pageRows)
 {
     return {u"cases with "_s + text,
-            Cases + customer::casesWithText(text).condition + customer::caseSortClause({0, false}),
-            pageRows, bareCount(BareCases, text)};
+            statementOf(customer::caseList(), customer::casesWithText(text)), pageRows,
+            bareCount(BareCases, text)};
 }
 
 class Searches {

@@ -89,17 +89,28 @@ private:
     pid_t m_child = -1;
 };
 
-// Reads all rows in the time that it has to stand open.
-void readSlowly(storage::Connection& file, const QString& statement)
+struct Logs {
+    qint64 number = 0;
+    qint64 last = 0; // update ID
+};
+
+// Counted before anybody writes: one statement over all rows would keep the writer waiting.
+Logs countLogs(const QString& path, const QString& password)
 {
-    constexpr qint64 Stretch = 1000;
+    storage::Connection file;
+    open(file, path, password);
     storage::Recordset counted;
     if (!counted.open(CountLogs, file))
         giveUp(file.lastError().message);
-    const qint64 rows = counted.value(u"件数").toInteger();
-    QBitArray seen(counted.value(u"最後").toInteger() + 1);
-    counted.close();
+    return {counted.value(u"件数").toInteger(), counted.value(u"最後").toInteger()};
+}
 
+// Reads all rows in the time that it has to stand open.
+void readSlowly(storage::Connection& file, const QString& statement, const Logs& logs)
+{
+    constexpr qint64 Stretch = 1000;
+    const qint64 rows = logs.number;
+    QBitArray seen(logs.last + 1);
     const auto begin = Clock::now();
     storage::Recordset reader;
     if (!reader.open(statement, file))
@@ -124,13 +135,14 @@ Times compareSaves(const QString& path, const QString& password, const QString& 
 {
     const ScratchCopy alone(path, u"alone"_s);
     const ScratchCopy beside(path, u"beside"_s);
+    const Logs logs = countLogs(beside.path(), password);
     Times times;
     times.other = Writer(alone.path(), password).longest() * 1e3;
     // Made before the file is open here: what is open in one process may not be used in another.
     Writer writer(beside.path(), password);
     storage::Connection file;
     open(file, beside.path(), password);
-    readSlowly(file, statement);
+    readSlowly(file, statement, logs);
     times.ours = writer.longest() * 1e3;
     return times;
 }

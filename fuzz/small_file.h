@@ -1,7 +1,7 @@
 #pragma once
 
-#include "storage/column_value.h"
 #include "storage/engine/engine.h"
+#include "storage/schema/column_value.h"
 #include "storage/schema/definitions.h"
 #include "storage/sql/compile.h"
 

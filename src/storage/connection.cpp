@@ -1,12 +1,12 @@
 #include "storage/connection.h"
 
+#include "storage/base/waiting.h"
 #include "storage/engine/engine.h"
 #include "storage/listed_texts.h"
 #include "storage/schema/catalog.h"
 #include "storage/schema/definitions.h"
 #include "storage/sql/compile.h"
 #include "storage/transaction.h"
-#include "storage/waiting.h"
 
 #include <QCache>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "storage/error.h"
-#include "storage/location.h"
-#include "storage/value.h"
+#include "storage/base/error.h"
+#include "storage/base/value.h"
+#include "storage/engine/location.h"
 
 #include <QList>
 #include <QString>

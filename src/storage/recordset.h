@@ -1,6 +1,6 @@
 #pragma once
 
-#include "storage/value.h"
+#include "storage/base/value.h"
 
 #include <QStringView>
 

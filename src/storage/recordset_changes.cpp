@@ -1,5 +1,5 @@
-#include "storage/column_value.h"
 #include "storage/recordset_private.h"
+#include "storage/schema/column_value.h"
 #include "storage/transaction.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "storage/base/value.h"
 #include "storage/row_finder.h"
 #include "storage/row_window.h"
 #include "storage/sql/compile.h"
-#include "storage/value.h"
 
 #include <memory>
 #include <vector>

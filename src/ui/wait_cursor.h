@@ -1,6 +1,6 @@
 #pragma once
 
-#include "storage/waiting.h"
+#include "storage/base/waiting.h"
 
 namespace ui {
 

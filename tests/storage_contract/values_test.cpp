@@ -1,4 +1,4 @@
-#include "storage/quoted.h"
+#include "storage/base/quoted.h"
 #include "storage_contract/scratch_file.h"
 
 using namespace Qt::StringLiterals;

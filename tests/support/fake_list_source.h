@@ -40,10 +40,7 @@ public:
         return found;
     }
 
-    qint64 positionOf(const core::RecordKey& key) override
-    {
-        return key.id <= m_rows ? key.id : 0;
-    }
+    qint64 positionOf(const core::RecordKey& key) override { return key.id <= m_rows ? key.id : 0; }
 
     static core::ListRow make(qint64 number)
     {

@@ -13,8 +13,12 @@ from check_case import CheckCase, ROOT
 class Checks(CheckCase):
     def test_layers(self):
         for path, include, finding in [
-            ("src/text/a.cpp", '"storage/value.h"', "1: text may not include"),
+            ("src/text/a.cpp", '"storage/base/value.h"', "1: text may not include"),
             ("src/storage/sql/a.cpp", '"core/data/clock.h"', "1: storage may not include"),
+            ("src/storage/sql/a.cpp", '"storage/engine/engine.h"', '1: "storage/engine/engine.h" s'),
+            ("src/storage/base/a.h", '"storage/connection.h"', '1: "storage/connection.h" stands'),
+            ("src/storage/engine/a.cpp", '"storage/base/value.h"', None),
+            ("src/storage/a.cpp", '"storage/engine/engine.h"', None),
             ("src/customer/data/a.h", '"repair/data/jobs.h"', "1: customer/data may not"),
             ("src/core/data/a.cpp", '"ui/message_boxes.h"', "1: core/data may not include"),
             ("src/ui/a.cpp", '"core/screens/top.h"', "1: ui may not include"),
@@ -35,7 +39,7 @@ class Checks(CheckCase):
             ("src/elsewhere/a.cpp", "<QString>", "1: stands in no room"),
         ]:
             self.expect("layers", path, f"#include {include}\n", finding)
-        self.expect("layers", "src/text/a.cpp", '// #include "storage/value.h"\n', None)
+        self.expect("layers", "src/text/a.cpp", '// #include "storage/base/value.h"\n', None)
 
     def test_sizes(self):
         for path, lines, finding in [

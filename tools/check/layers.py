@@ -39,6 +39,10 @@ ALLOWED = {
 }
 ALLOWED["app"] = [room for room in ALLOWED if room not in ("app", "programs")]
 
+# The floors of storage, each of which includes only those before it and itself; what lies in none of
+# these folders stands on all of them.
+FLOORS = ["storage/base", "storage/schema", "storage/sql", "storage/engine", "storage/data_files"]
+
 # Rooms that know no window: of Qt they include QtCore alone.
 CORE_ONLY = {"text", "storage", "core/data", "records/data", "customer/data", "repair/data",
              "exchange/data", "programs"}
@@ -80,6 +84,12 @@ def outside_qt_core(header):
     return re.match(r"(Q[A-Z]|q[a-z]+\.h$)", header) is not None and header not in qt_core_headers()
 
 
+def floor_of(path):
+    """The place of a path under src/ among the floors of storage, behind all where it has none."""
+    folder = "/".join(path.split("/")[:2])
+    return FLOORS.index(folder) if folder in FLOORS else len(FLOORS)
+
+
 def check_include(path, room, quote, header):
     """What is wrong with one include of a file under src/, None when nothing is."""
     if header.endswith(".cpp"):
@@ -88,6 +98,10 @@ def check_include(path, room, quote, header):
         target = room_of(header)
         if target and target != room and target not in ALLOWED[room]:
             return f'{room} may not include "{header}" of {target}'
+        if room == target == "storage":
+            own = "/".join(path.parts[1:])
+            if floor_of(header) > floor_of(own):
+                return f'"{header}" stands on a floor above'
         return None
     if room in CORE_ONLY and outside_qt_core(header):
         return f"{room} may use of Qt only QtCore, not <{header}>"

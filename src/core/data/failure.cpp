@@ -1,8 +1,8 @@
 #include "core/data/failure.h"
 
 #include "core/data/messages.h"
+#include "storage/base/error.h"
 #include "storage/connection.h"
-#include "storage/error.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 #include "customer/data/case_index.h"
 
 #include "customer/data/settings.h"
-#include "storage/quoted.h"
+#include "storage/base/quoted.h"
 #include "text/dates.h"
 
 using namespace Qt::StringLiterals;

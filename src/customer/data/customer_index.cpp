@@ -1,7 +1,7 @@
 #include "customer/data/customer_index.h"
 
 #include "customer/data/settings.h"
-#include "storage/quoted.h"
+#include "storage/base/quoted.h"
 #include "text/dates.h"
 
 #include <QStringList>

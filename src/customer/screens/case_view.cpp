@@ -147,8 +147,7 @@ void CaseView::forgetCustomer()
 void CaseView::refill()
 {
     // The day may have changed.
-    const records::ListFilter recent =
-        recentCases({m_settings, m_desk.file.clock.today()});
+    const records::ListFilter recent = recentCases({m_settings, m_desk.file.clock.today()});
     if (m_list.filter().ownOrder == recent.ownOrder)
         m_list.renameFilter(recent);
     m_list.refill();

@@ -36,9 +36,9 @@ johokokyaku::johokokyaku(const records::Desk& desk, const records::Settings& set
     large.setBold(true);
     m_ui->lblName->setFont(large);
     addInfoRows();
-    m_shortcuts = std::make_unique<records::RelatedFilesList>(desk, customerFiles(), *m_ui->ListView6,
-                                                          *m_ui->Command4, *m_ui->Command5,
-                                                          u"顧客が選択されていません。"_s);
+    m_shortcuts = std::make_unique<records::RelatedFilesList>(
+        desk, customerFiles(), *m_ui->ListView6, *m_ui->Command4, *m_ui->Command5,
+        u"顧客が選択されていません。"_s);
     m_ui->ListView3->setListModel(&m_logs);
     m_ui->ListView4->setListModel(&m_items);
     m_ui->ListView5->setListModel(&m_deliveries);

@@ -35,12 +35,17 @@ KokyakuCommands::KokyakuCommands(const records::Desk& desk, const records::Selec
     : RecordCommands(desk, selection, window), m_desk(desk), m_selected(selection)
 {
     add({
-        {u"MenuUserListKyakuAdd"_s, u"顧客を追加(&N)"_s,
+        {u"MenuUserListKyakuAdd"_s,
+         u"顧客を追加(&N)"_s,
          [this] {
              openFor(&KokyakuCommands::customerWritten,
                      open(records::makeForm<upkokyaku>, {Mode::Add, u"新しい顧客を追加する"_s}));
          },
-         {}, Qt::CTRL | Qt::Key_N, u"ToolKyakuAdd"_s, u"顧客を追加"_s, u"新しい顧客を追加する"_s,
+         {},
+         Qt::CTRL | Qt::Key_N,
+         u"ToolKyakuAdd"_s,
+         u"顧客を追加"_s,
+         u"新しい顧客を追加する"_s,
          u"customer_add"_s},
         {u"MenuUserListKyakuSansyoAdd"_s, u"顧客を参照追加(&S)"_s, [this] { addCustomerLike(); },
          HasCustomer},
@@ -48,11 +53,18 @@ KokyakuCommands::KokyakuCommands(const records::Desk& desk, const records::Selec
          Qt::CTRL | Qt::Key_K, u"ToolKenAdd"_s, u"件名を追加"_s, u" 件名を追加"_s, u"case_add"_s},
         {u"MenuKenListKenAdd"_s, u"件名を追加(&K)"_s, [this] { addCaseFromCases(); },
          hasAnyOf<Lists::Customers, Lists::Cases>},
-        {u"MenuKenListRogAdd"_s, u"ログを追加(&L)"_s, [this] { addLog(u" 】ログ追加"_s); }, HasCase},
+        {u"MenuKenListRogAdd"_s, u"ログを追加(&L)"_s, [this] { addLog(u" 】ログ追加"_s); },
+         HasCase},
         {u"MenuRogListAdd"_s, u"ログを追加(&L)"_s, [this] { addLog(u" 】ログを追加"_s); }, HasCase,
          Qt::CTRL | Qt::Key_L, u"ToolRogAdd"_s, u"ログを追加"_s, u" ログを追加"_s, u"log_add"_s},
-        {u"MenuYoteiAdd"_s, u"予定を追加(&Y)"_s, [this] { addSchedule(); }, {},
-         Qt::CTRL | Qt::Key_Y, u"ToolYoteiAdd"_s, u"予定を追加"_s, u"新しい予定を追加する"_s,
+        {u"MenuYoteiAdd"_s,
+         u"予定を追加(&Y)"_s,
+         [this] { addSchedule(); },
+         {},
+         Qt::CTRL | Qt::Key_Y,
+         u"ToolYoteiAdd"_s,
+         u"予定を追加"_s,
+         u"新しい予定を追加する"_s,
          u"schedule_add"_s},
         {u"MenuUserListKyakuEdit"_s, u"顧客を編集(&E)"_s, [this] { editCustomer(); }, HasCustomer},
         {u"MenuKenListKenEdit"_s, u"件名を編集(&E)"_s, [this] { editCase(); }, HasCase},
@@ -84,10 +96,9 @@ void KokyakuCommands::addCustomerLike()
 
 void KokyakuCommands::editCustomer()
 {
-    auto* const form =
-        openFor(&KokyakuCommands::customerWritten,
-                openRecord(records::makeForm<upkokyaku>, customerTable(),
-                           m_selected.key(Lists::Customers), u"顧客情報を編集"_s));
+    auto* const form = openFor(&KokyakuCommands::customerWritten,
+                               openRecord(records::makeForm<upkokyaku>, customerTable(),
+                                          m_selected.key(Lists::Customers), u"顧客情報を編集"_s));
     if (form)
         connect(form, &records::EditForm::removed, this, &KokyakuCommands::customerRemoved);
 }

@@ -42,13 +42,12 @@ void kokyaku::addMenus()
         return found;
     };
     const QList<QAction*>& windows = m_windows->modeActions(); // customer, case, preview
-    m_ui->customers->setActions(actions({u"MenuUserListKyakuAdd"_s, u"MenuUserListKyakuSansyoAdd"_s,
-                                         u"MenuUserListKyakuEdit"_s, u"MenuUserListKenAdd"_s,
-                                         u"MenuKenHyouzi"_s})
-                                + QList<QAction*>{windows.at(0)} + laterScreens());
+    m_ui->customers->setActions(
+        actions({u"MenuUserListKyakuAdd"_s, u"MenuUserListKyakuSansyoAdd"_s,
+                 u"MenuUserListKyakuEdit"_s, u"MenuUserListKenAdd"_s, u"MenuKenHyouzi"_s})
+        + QList<QAction*>{windows.at(0)} + laterScreens());
     m_ui->cases->setActions(
-        QList<QAction*>{
-            m_commands->entryFor(u"MenuUserListKyakuAdd"_s, u"MenuKenListKokyakuAdd"_s)}
+        QList<QAction*>{m_commands->entryFor(u"MenuUserListKyakuAdd"_s, u"MenuKenListKokyakuAdd"_s)}
         + actions({u"MenuKenListKenAdd"_s, u"MenuKenListKenEdit"_s, u"MenuKenListRogAdd"_s,
                    u"MenuKanrneHyouzi"_s})
         + QList<QAction*>{windows.at(1), displayMenu()->menuAction()});

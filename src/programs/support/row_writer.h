@@ -1,7 +1,7 @@
 #pragma once
 
+#include "storage/base/value.h"
 #include "storage/connection.h"
-#include "storage/value.h"
 
 #include <QStringList>
 

@@ -12,8 +12,7 @@ using namespace Qt::StringLiterals;
 namespace records {
 
 FloatingWindows::FloatingWindows(const Desk& desk, Settings& settings, const Selection& selection,
-                                 Description description, DetailWindow* detail,
-                                 logpreview* preview)
+                                 Description description, DetailWindow* detail, logpreview* preview)
     : QObject(detail->parent()),
       m_desk(desk),
       m_settings(settings),
@@ -28,7 +27,8 @@ FloatingWindows::FloatingWindows(const Desk& desk, Settings& settings, const Sel
         auto& timer = m_timers.emplace_back(std::make_unique<QTimer>());
         timer->setSingleShot(true);
         timer->setInterval(0);
-        connect(timer.get(), &QTimer::timeout, this, [this, list = mode.list] { showDetailOf(list); });
+        connect(timer.get(), &QTimer::timeout, this,
+                [this, list = mode.list] { showDetailOf(list); });
     }
     m_actions.append(modeAction(m_description.preview));
     m_ichi->setObjectName(u"ichi"_s);
@@ -79,8 +79,7 @@ void FloatingWindows::setMode(const WindowMode& mode, bool on)
 bool FloatingWindows::opens(const WindowMode& mode, int column) const
 {
     const int wanted = m_settings[mode.clickColumn];
-    return m_settings[mode.shown] == 1
-        && (wanted == 0 || column == ByKey || column == wanted - 1);
+    return m_settings[mode.shown] == 1 && (wanted == 0 || column == ByKey || column == wanted - 1);
 }
 
 void FloatingWindows::chosen(int list, int column)

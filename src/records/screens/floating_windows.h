@@ -20,11 +20,11 @@ class logpreview;
 
 // A list whose selected record a floating window shows, and the settings that say so.
 struct WindowMode {
-    int list = 0;         // of the selection
-    QString action;       // its entry in the menus
+    int list = 0;   // of the selection
+    QString action; // its entry in the menus
     QString caption;
-    Setting shown;        // 1: the window is open
-    Setting clickColumn;  // whose click opens it: 0 any, else from 1 on
+    Setting shown;       // 1: the window is open
+    Setting clickColumn; // whose click opens it: 0 any, else from 1 on
 };
 
 // The floating windows beside a main screen: the details of the selected record, and the preview of
@@ -57,7 +57,8 @@ public:
     // Nothing is left over the menu.
     void closeAll();
 
-    // The entries of the modes in their order, the preview's last, and the one that keeps the place.
+    // The entries of the modes in their order, the preview's last, and the one that keeps the
+    // place.
     const QList<QAction*>& modeActions() const { return m_actions; }
     QAction* ichi() const { return m_ichi; }
 
@@ -79,7 +80,8 @@ private:
     logpreview* m_preview;
     QList<QAction*> m_actions;
     QAction* m_ichi;
-    // One-shot, one for each list: the detail window after a record was selected (Timer1, Timer2 …).
+    // One-shot, one for each list: the detail window after a record was selected (Timer1, Timer2
+    // …).
     std::vector<std::unique_ptr<QTimer>> m_timers;
     bool m_closing = false;
 };

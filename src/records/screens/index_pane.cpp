@@ -32,7 +32,7 @@ QTreeWidgetItem* childNamed(QTreeWidgetItem* parent, const QString& caption)
 
 } // namespace
 
-IndexPane::IndexPane(QWidget* parent) : QWidget(parent), m_ui(std::make_unique<Ui::IndexPane>())
+IndexPane::IndexPane(QWidget* parent) : QWidget(parent), m_ui(std::make_unique<Ui::index_pane>())
 {
     m_ui->setupUi(this);
     connect(m_ui->tree, &QTreeWidget::currentItemChanged, this, &IndexPane::choose);

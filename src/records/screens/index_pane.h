@@ -11,7 +11,7 @@ class QTreeWidget;
 class QTreeWidgetItem;
 
 namespace Ui {
-class IndexPane;
+class index_pane;
 }
 
 namespace records {
@@ -67,7 +67,7 @@ private:
     std::optional<ListFilter> filterOf(const QTreeWidgetItem* item) const;
     QTreeWidgetItem* itemOf(int number) const;
 
-    std::unique_ptr<Ui::IndexPane> m_ui;
+    std::unique_ptr<Ui::index_pane> m_ui;
     Context m_context;
     QList<IndexNode> m_nodes;                       // by the number that an item keeps
     const QTreeWidgetItem* m_beforePress = nullptr; // chosen when the mouse button went down

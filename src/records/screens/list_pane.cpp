@@ -23,7 +23,7 @@ QStringList headersOf(const ListDescription& list)
 
 } // namespace
 
-ListPane::ListPane(QWidget* parent) : QWidget(parent), m_ui(std::make_unique<Ui::ListPane>())
+ListPane::ListPane(QWidget* parent) : QWidget(parent), m_ui(std::make_unique<Ui::list_pane>())
 {
     m_ui->setupUi(this);
 }

@@ -12,7 +12,7 @@ class QAbstractButton;
 class QMenu;
 
 namespace Ui {
-class ListPane;
+class list_pane;
 }
 namespace ui {
 class ListView;
@@ -26,8 +26,8 @@ class Selection;
 struct ListPaneParts {
     // Names of its controls, and how it is called in captions, tips and to a screen reader.
     QString list, pages, counters, caption, option, title;
-    int number = 0;        // of the list in the selection
-    QString titleField;    // the field whose text stands for a record in captions
+    int number = 0;     // of the list in the selection
+    QString titleField; // the field whose text stands for a record in captions
     // The records whose check box is ticked here; null: the check boxes only show.
     const RecordTable* table = nullptr;
     QHash<int, ui::Emphasis> looks = {}; // by emphasis number
@@ -89,7 +89,7 @@ private:
                                            const std::optional<ListOrder>& clicked);
     ui::PagedList::TableRows tableRows();
 
-    std::unique_ptr<Ui::ListPane> m_ui;
+    std::unique_ptr<Ui::list_pane> m_ui;
     std::unique_ptr<ui::PagedList> m_list;
     Database* m_data = nullptr;
     const ListDescription* m_description = nullptr;

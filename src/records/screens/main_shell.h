@@ -40,8 +40,8 @@ protected:
 
     // The parts of the screen, handed in once when all of it is made.
     struct Parts {
-        QList<QWidget*> panes;        // in the order in which F6 walks
-        QList<ListPane*> lists;       // stand over one another in `listSplitter`; Ctrl+1, 2, 3
+        QList<QWidget*> panes;  // in the order in which F6 walks
+        QList<ListPane*> lists; // stand over one another in `listSplitter`; Ctrl+1, 2, 3
         QSplitter* listSplitter = nullptr;
         FloatingWindows* windows = nullptr;
     };

@@ -20,7 +20,8 @@ class Selection;
 
 // Makes the form of a kind of record; it deletes itself when it closes.
 using FormMaker = EditForm* (*)(const Desk& desk, const Opening& opening, QWidget* parent);
-template <typename Form> EditForm* makeForm(const Desk& desk, const Opening& opening, QWidget* parent)
+template <typename Form>
+EditForm* makeForm(const Desk& desk, const Opening& opening, QWidget* parent)
 {
     return new Form(desk, opening, parent);
 }

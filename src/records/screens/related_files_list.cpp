@@ -108,7 +108,7 @@ void RelatedFilesList::removeCurrent()
         return;
     if (deleteShortcut(m_desk.file, m_kind, key) != DeleteResult::Kept) {
         refill();
-        }
+    }
 }
 
 void RelatedFilesList::open(int row)

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace records {
 
 RelatedFilesPane::RelatedFilesPane(QWidget* parent)
-    : QWidget(parent), m_ui(std::make_unique<Ui::RelatedFilesPane>())
+    : QWidget(parent), m_ui(std::make_unique<Ui::related_files_pane>())
 {
     m_ui->setupUi(this);
 }

@@ -7,7 +7,7 @@
 #include <memory>
 
 namespace Ui {
-class RelatedFilesPane;
+class related_files_pane;
 }
 namespace ui {
 class ListView;
@@ -38,7 +38,7 @@ public:
     ui::ListView& view();
 
 private:
-    std::unique_ptr<Ui::RelatedFilesPane> m_ui;
+    std::unique_ptr<Ui::related_files_pane> m_ui;
     std::unique_ptr<RelatedFilesList> m_shortcuts;
     QString m_noOwner;
 };

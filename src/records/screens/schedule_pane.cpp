@@ -22,7 +22,7 @@ constexpr int DaysShown = 7; // from the chosen day on
 
 SchedulePane::SchedulePane(QWidget* parent)
     : QWidget(parent),
-      m_ui(std::make_unique<Ui::SchedulePane>()),
+      m_ui(std::make_unique<Ui::schedule_pane>()),
       m_model({u"予定日"_s, u"時刻"_s, u"予定内容"_s})
 {
     m_ui->setupUi(this);
@@ -32,8 +32,7 @@ SchedulePane::SchedulePane(QWidget* parent)
     m_ui->ListView8->header()->resizeSection(1, 50);
     connect(m_ui->MonthView1, &QCalendarWidget::selectionChanged, this, &SchedulePane::showDay);
     connect(m_ui->ListView8, &ui::ListView::menuRequested, this, &SchedulePane::showMenu);
-    connect(m_ui->MonthView1, &QCalendarWidget::currentPageChanged, this,
-            &SchedulePane::markDays);
+    connect(m_ui->MonthView1, &QCalendarWidget::currentPageChanged, this, &SchedulePane::markDays);
 }
 
 SchedulePane::~SchedulePane() = default;
@@ -64,8 +63,8 @@ void SchedulePane::showDay()
     const QDate day = m_ui->MonthView1->selectedDate();
     m_selection->setDay(day);
     const qint64 entries = countScheduleEntries(*m_data, day);
-    m_ui->lblYotei->setCaption(weekdayAnnouncement(day) + u"　予定 "_s
-                               + QString::number(entries) + u" 件"_s);
+    m_ui->lblYotei->setCaption(weekdayAnnouncement(day) + u"　予定 "_s + QString::number(entries)
+                               + u" 件"_s);
     m_ui->ListView8->refill(openSchedule(*m_data, day, day.addDays(DaysShown - 1)));
 }
 

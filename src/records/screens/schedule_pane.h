@@ -8,7 +8,7 @@
 #include <memory>
 
 namespace Ui {
-class SchedulePane;
+class schedule_pane;
 }
 namespace ui {
 class ListView;
@@ -44,7 +44,7 @@ private:
     void showDay();
     void markDays();
 
-    std::unique_ptr<Ui::SchedulePane> m_ui;
+    std::unique_ptr<Ui::schedule_pane> m_ui;
     ui::PagedListModel m_model;
     Database* m_data = nullptr;
     Selection* m_selection = nullptr;

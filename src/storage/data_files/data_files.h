@@ -1,7 +1,7 @@
 #pragma once
 
-#include "storage/error.h"
-#include "storage/location.h"
+#include "storage/base/error.h"
+#include "storage/engine/location.h"
 
 #include <QByteArray>
 #include <QString>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "storage/base/error.h"
 #include "storage/engine/session.h"
-#include "storage/error.h"
 
 #include <QByteArray>
 #include <QString>

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "storage/base/error.h"
+#include "storage/base/value.h"
 #include "storage/engine/row_buffer.h"
-#include "storage/error.h"
 #include "storage/schema/catalog.h"
 #include "storage/schema/definitions.h"
 #include "storage/sql/compile.h"
 #include "storage/sql/dialect.h"
 #include "storage/sql/finding.h"
-#include "storage/value.h"
 
 #include <memory>
 #include <optional>

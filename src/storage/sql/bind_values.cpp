@@ -1,6 +1,6 @@
 #include "storage/sql/bind.h"
 
-#include "storage/column_value.h"
+#include "storage/schema/column_value.h"
 #include "storage/sql/bind_support.h"
 
 using namespace Qt::StringLiterals;

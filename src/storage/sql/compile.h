@@ -1,8 +1,8 @@
 #pragma once
 
-#include "storage/error.h"
+#include "storage/base/error.h"
+#include "storage/base/value.h"
 #include "storage/schema/catalog.h"
-#include "storage/value.h"
 
 #include <QByteArray>
 #include <QList>

@@ -1,4 +1,4 @@
-#include "storage/column_value.h"
+#include "storage/schema/column_value.h"
 #include "storage/sql/compile.h"
 #include "storage/sql/dialect.h"
 #include "text/fold.h"

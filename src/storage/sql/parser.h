@@ -1,6 +1,6 @@
 #pragma once
 
-#include "storage/error.h"
+#include "storage/base/error.h"
 #include "storage/sql/ast.h"
 #include "storage/sql/lexer.h"
 

@@ -3,8 +3,8 @@
 #include "core/data/administrator.h"
 #include "core/data/database_password.h"
 #include "core/data/main_database.h"
-#include "core/data/start_up.h"
 #include "core/data/program_folder.h"
+#include "core/data/start_up.h"
 #include "support/core/data/core_test.h"
 #include "support/storage/refusals.h"
 

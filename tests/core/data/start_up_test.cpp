@@ -1,6 +1,6 @@
 #include "core/data/main_database.h"
-#include "core/data/start_up.h"
 #include "core/data/program_folder.h"
+#include "core/data/start_up.h"
 #include "support/child_process.h"
 #include "support/core/data/core_test.h"
 

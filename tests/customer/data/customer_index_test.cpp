@@ -74,8 +74,9 @@ TEST_F(CustomerIndexTest, BuildsItsConditionsAsPrescribed)
     EXPECT_EQ(conditionOf(root.children[0].children[0]), u" WHERE 表示名ﾌﾘｶﾞﾅ Like '[ｱ]%'");
     EXPECT_EQ(conditionOf(root.children[9].children[1]), u" WHERE 表示名ﾌﾘｶﾞﾅ Like '[ｦ]%'");
     EXPECT_EQ(conditionOf(root.children[10]), u" WHERE 表示名ﾌﾘｶﾞﾅ Like '[A-Z]%'");
-    EXPECT_TRUE(conditionOf(root.children[11]).endsWith(
-        u"'[!ﾗ-ﾛ]%' and 表示名ﾌﾘｶﾞﾅ Like '[!ﾜ-ﾝ]%' and 表示名ﾌﾘｶﾞﾅ Like '[!A-Z]%'"));
+    EXPECT_TRUE(
+        conditionOf(root.children[11])
+            .endsWith(u"'[!ﾗ-ﾛ]%' and 表示名ﾌﾘｶﾞﾅ Like '[!ﾜ-ﾝ]%' and 表示名ﾌﾘｶﾞﾅ Like '[!A-Z]%'"));
 }
 
 // Whatever kind of kana or letter a reading is typed in, it is found under its group and its child.
@@ -178,14 +179,16 @@ TEST_F(CustomerIndexTest, AQuoteIsACharacterLikeAnyOther)
         qint64 found;
     } cases[] = {{u"o'h"_s, 1}, {u"'"_s, 2}, {u"''"_s, 1}, {u"' or '%"_s, 0}, {u"'_a"_s, 1}};
     for (const auto& each : cases) {
-        const auto list = openList(file, customer::customerList(), customer::customersWithText(each.text), {}, {});
+        const auto list = openList(file, customer::customerList(),
+                                   customer::customersWithText(each.text), {}, {});
         EXPECT_EQ(list->total(), each.found) << each.text.toStdString();
     }
 }
 
 TEST_F(CustomerIndexTest, ATextThatTheEngineRefusesIsTold)
 {
-    const auto list = openList(file, customer::customerList(), customer::customersWithText(u"[ｱ"_s), {}, {});
+    const auto list =
+        openList(file, customer::customerList(), customer::customersWithText(u"[ｱ"_s), {}, {});
     EXPECT_TRUE(messages.takeText().startsWith(u"データを読めませんでした。\r\n"));
     EXPECT_FALSE(list->isReadable());
     EXPECT_EQ(list->count(), 0);

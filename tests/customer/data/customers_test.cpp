@@ -51,8 +51,8 @@ TEST_F(CustomersTest, AnyTextIsKeptShownAndFoundAgain)
     }
     for (const QString& text : {u"髙﨑𠮷"_s, u"😀"_s, u"二行目"_s}) {
         addNamed(u"前"_s + text + u"後"_s, u"ﾅﾏｴ"_s);
-        const auto found = openList(file, customer::customerList(),
-                                    customer::customersWithText(text), {}, {});
+        const auto found =
+            openList(file, customer::customerList(), customer::customersWithText(text), {}, {});
         EXPECT_EQ(found->total(), 1) << text.toStdString();
     }
 }

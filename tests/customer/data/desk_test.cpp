@@ -55,8 +55,7 @@ TEST_F(DeskTest, ACaseAndALogRefreshWhatTheyBelongTo)
 {
     const auto advanced = [&](const QStringList& tables) {
         for (const QString& table : tables)
-            EXPECT_EQ(recentOf(table), storage::Value(clock.now()).toText())
-                << table.toStdString();
+            EXPECT_EQ(recentOf(table), storage::Value(clock.now()).toText()) << table.toStdString();
         clock.advanceMsecs(60000);
     };
     const QString caseRow = u"件名 WHERE 件名 = '修繕'"_s;
@@ -138,7 +137,8 @@ TEST_F(DeskTest, SettingsStandInForWhatIsMissing)
     EXPECT_EQ(read[DetailLeft], -1200);
     EXPECT_EQ(read[CustomersShown], 50);
 
-    execute(u"UPDATE 設定 SET ログプレ表示 = null, 顧客表示数 = null, 最近更新顧客表示日数 = null"_s);
+    execute(
+        u"UPDATE 設定 SET ログプレ表示 = null, 顧客表示数 = null, 最近更新顧客表示日数 = null"_s);
     read = records::readSettings(file);
     EXPECT_EQ(read[PreviewShown], 1);
     EXPECT_EQ(read[CustomersShown], 0); // all rows

@@ -1,11 +1,11 @@
 #include "core/data/database_password.h"
+#include "customer/data/case_index.h"
 #include "records/data/record_list.h"
 #include "records/data/schedule.h"
-#include "text/dates.h"
-#include "customer/data/case_index.h"
 #include "storage/engine/engine.h"
 #include "support/customer/data/customer_test.h"
 #include "support/storage/former_format.h"
+#include "text/dates.h"
 
 #include <gmock/gmock.h>
 
@@ -51,8 +51,7 @@ protected:
         core::RecordKey of;
         for (int i = 0; i < 12; ++i) {
             const QDate day = clock.today().addDays(i * 17 % 40 - 20);
-            const QString planned =
-                i % 4 ? text::formatDate(clock.today().addDays(-i)) : QString();
+            const QString planned = i % 4 ? text::formatDate(clock.today().addDays(-i)) : QString();
             of = add(customer::caseTable(), {owner},
                      {{u"登録日"_s, text::formatDate(day)},
                       {u"件名"_s, u"件"_s + QString::number(i)},
@@ -62,7 +61,9 @@ protected:
             const QString name = QStringList{u"佐野"_s, u"工藤"_s, u""_s, u"O'Hara"_s}[i % 4];
             addLogOf(of, name, u"文"_s);
             add(records::scheduleTable(), {},
-                {{u"日付"_s, text::formatDate(day)}, {u"時刻"_s, u"00:00"_s}, {u"予定"_s, u"予定"_s}});
+                {{u"日付"_s, text::formatDate(day)},
+                 {u"時刻"_s, u"00:00"_s},
+                 {u"予定"_s, u"予定"_s}});
         }
         execute(u"UPDATE 件名 SET 登録日 = '平成六年' WHERE 件名 = '件11'"_s); // from elsewhere
     }

@@ -81,8 +81,7 @@ TEST_F(ListTest, ASearchFindsTheRareAndTheCommonInOrder)
     const auto rare = openList(file, customerList(), customersWithText(u"珍"_s), {}, {});
     EXPECT_EQ(rare->count(), 2);
     EXPECT_EQ(cellsOf(*rare, 0), QStringList({u"珍一"_s, u"珍二"_s}));
-    const auto common =
-        openList(file, customerList(), customersWithText(u"並"_s), {}, {});
+    const auto common = openList(file, customerList(), customersWithText(u"並"_s), {}, {});
     EXPECT_EQ(common->count(), 100);
     EXPECT_EQ(common->total(), 16384);
 }

@@ -37,7 +37,8 @@ TEST_P(KindOfFileTest, SaysWhyAFileCannotBeUsed)
     EXPECT_TRUE(messages.takeText().startsWith(u"データファイルを開けませんでした。\r\n"));
     EXPECT_EQ(takeErrors(), QList{storage::ErrorKind::Missing});
 
-    records::DataFile& otherKind = isRepair() ? static_cast<records::DataFile&>(customers) : repairs;
+    records::DataFile& otherKind =
+        isRepair() ? static_cast<records::DataFile&>(customers) : repairs;
     EXPECT_FALSE(records::openDataFile(otherKind, path(), storage::Mode::ReadWrite));
     EXPECT_TRUE(messages.takeText().endsWith(isRepair()
                                                  ? u"顧客管理のデータファイルではありません。"_s

@@ -14,9 +14,10 @@ class ScheduleTest : public EachKindTest {
 protected:
     void add(QDate day, const QString& time, const QString& text)
     {
-        EXPECT_EQ(addRecord(file, records::scheduleTable(), {},
-                            {{u"日付"_s, text::formatDate(day)}, {u"時刻"_s, time}, {u"予定"_s, text}}),
-                  SaveResult::Saved);
+        EXPECT_EQ(
+            addRecord(file, records::scheduleTable(), {},
+                      {{u"日付"_s, text::formatDate(day)}, {u"時刻"_s, time}, {u"予定"_s, text}}),
+            SaveResult::Saved);
     }
 };
 

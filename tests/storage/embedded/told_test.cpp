@@ -1,7 +1,7 @@
 #include "storage_contract/scratch_file.h"
 
+#include "storage/base/waiting.h"
 #include "storage/transaction.h"
-#include "storage/waiting.h"
 #include "support/child_process.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "storage/engine/sqlite/busy_wait.h"
 
-#include "storage/waiting.h"
+#include "storage/base/waiting.h"
 
 #include <QRandomGenerator>
 

@@ -1,6 +1,6 @@
 #include "storage/engine/sqlite/dialect.h"
 
-#include "storage/quoted.h"
+#include "storage/base/quoted.h"
 
 namespace storage::engine::sqlite {
 

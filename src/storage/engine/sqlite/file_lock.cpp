@@ -1,6 +1,6 @@
 #include "storage/engine/sqlite/file_lock.h"
 
-#include "storage/system_error.h"
+#include "storage/base/system_error.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #include "storage/engine/sqlite/functions.h"
 
-#include "storage/column_value.h"
+#include "storage/schema/column_value.h"
 #include "text/collate.h"
 #include "text/dates.h"
 #include "text/fold.h"

@@ -1,3 +1,4 @@
+#include "storage/base/system_error.h"
 #include "storage/engine/sqlite/busy_wait.h"
 #include "storage/engine/sqlite/cursor.h"
 #include "storage/engine/sqlite/engine.h"
@@ -5,7 +6,6 @@
 #include "storage/engine/sqlite/functions.h"
 #include "storage/engine/sqlite/meta.h"
 #include "storage/engine/sqlite/session.h"
-#include "storage/system_error.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -2,11 +2,11 @@
 
 #include "core/data/shared.h"
 #include "customer/screens/kokyaku.h"
+#include "records/screens/drafts.h"
 #include "support/customer/data/customer_test.h"
 #include "support/fake_file_chooser.h"
 #include "support/recording_opener.h"
 #include "support/user_settings.h"
-#include "records/screens/drafts.h"
 
 #include <QTest>
 

@@ -66,10 +66,7 @@ protected:
         type(field, text);
     }
 
-    records::Desk desk()
-    {
-        return {this->dataFile(), shared, opener, files, drafts, userSettings};
-    }
+    records::Desk desk() { return {this->dataFile(), shared, opener, files, drafts, userSettings}; }
     // Opens a form for a new record, or on a record as a list shows it that was filled now.
     template <typename Form> Form& add(const QList<core::RecordKey>& parents, QDate day = {})
     {
@@ -78,7 +75,8 @@ protected:
             records::Opening{records::Opening::Mode::Add, QStringLiteral("追加"), parents, {}, day},
             nullptr));
     }
-    template <typename Form> Form& edit(const records::RecordTable& table, const core::RecordKey& key)
+    template <typename Form>
+    Form& edit(const records::RecordTable& table, const core::RecordKey& key)
     {
         const auto record = records::readRecord(this->dataFile(), table, key);
         EXPECT_TRUE(record);

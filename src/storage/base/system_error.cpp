@@ -1,4 +1,4 @@
-#include "storage/system_error.h"
+#include "storage/base/system_error.h"
 
 #include <QFile>
 

@@ -1,4 +1,4 @@
-#include "storage/waiting.h"
+#include "storage/base/waiting.h"
 
 namespace storage {
 

@@ -1,4 +1,4 @@
-#include "storage/location.h"
+#include "storage/engine/location.h"
 
 #include "storage/engine/engine.h"
 

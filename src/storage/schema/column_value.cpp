@@ -1,4 +1,4 @@
-#include "storage/column_value.h"
+#include "storage/schema/column_value.h"
 
 #include "text/dates.h"
 #include "text/fold.h"

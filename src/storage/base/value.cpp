@@ -1,4 +1,4 @@
-#include "storage/value.h"
+#include "storage/base/value.h"
 
 #include "text/dates.h"
 
