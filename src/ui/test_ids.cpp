@@ -13,11 +13,20 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() == QEvent::Polish && watched->isWidgetType()
-            && !watched->objectName().isEmpty()) {
-            static_cast<QWidget*>(watched)->setAccessibleDescription(u'#' + watched->objectName());
+        auto* const widget = qobject_cast<QWidget*>(watched);
+        if (event->type() == QEvent::Polish && widget) {
+            name(*widget);
+            // A pane that is used more than once gets its controls' names when it is set up.
+            connect(widget, &QObject::objectNameChanged, this, [widget] { name(*widget); });
         }
         return false;
+    }
+
+private:
+    static void name(QWidget& widget)
+    {
+        if (!widget.objectName().isEmpty())
+            widget.setAccessibleDescription(u'#' + widget.objectName());
     }
 };
 
