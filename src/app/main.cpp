@@ -1,4 +1,4 @@
-#include "app/program.h"
+#include "app/program/program.h"
 #include "core/data/clock.h"
 #include "core/data/program_folder.h"
 #include "core/data/program_version.h"

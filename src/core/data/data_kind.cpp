@@ -44,11 +44,6 @@ QString asCompared(const QString& name)
 
 } // namespace
 
-QString kindSelector(DataKind kind)
-{
-    return kind == DataKind::Customer ? u"顧客管理データ"_s : u"修理管理データ"_s;
-}
-
 QString rowKind(DataKind kind)
 {
     return kind == DataKind::Customer ? u"顧客管理"_s : u"修理管理"_s;

@@ -10,8 +10,6 @@ namespace core {
 // The two kinds of data file.
 enum class DataKind { Customer, Repair };
 
-// "顧客管理データ" or "修理管理データ", as the screens name the kind.
-QString kindSelector(DataKind kind);
 // "顧客管理" or "修理管理", as 種類 of a registry row holds it.
 QString rowKind(DataKind kind);
 // The kind of a registry row; nullopt for a row of another sort.

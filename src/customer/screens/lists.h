@@ -1,12 +1,10 @@
 #pragma once
 
-namespace customer {
-
 // The lists of the main screen by their numbers in its selection.
-namespace Lists {
+namespace customer::Lists {
+
 inline constexpr int Customers = 0;
 inline constexpr int Cases = 1;
 inline constexpr int Logs = 2;
-} // namespace Lists
 
-} // namespace customer
+} // namespace customer::Lists

@@ -27,7 +27,6 @@ public:
     // The column type tells date-times from texts.
     Value value(std::size_t cell, schema::ColumnType type) const;
 
-    std::size_t cellCount() const { return m_cells.size(); }
     void reserve(std::size_t cells) { m_cells.reserve(cells); }
     void clear();
     // Other values for the cells from `first` on.

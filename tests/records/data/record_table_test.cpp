@@ -19,7 +19,6 @@ using records::Record;
 using records::RecordTable;
 using records::SaveResult;
 using records::setField;
-using storage::ErrorKind;
 using Box = ScriptedMessages::Box;
 
 namespace {

@@ -1,4 +1,4 @@
-#include "app/program.h"
+#include "app/program/program.h"
 
 #include "core/data/messages.h"
 #include "core/data/shared.h"
