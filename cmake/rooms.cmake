@@ -54,7 +54,7 @@ function(corvane_use_qt_generators target)
         set(CORVANE_FORMS_${target} "${forms}" CACHE INTERNAL "Forms of the last configure")
     endif()
     set_target_properties(${target} PROPERTIES
-        AUTOMOC ON AUTOUIC ON AUTORCC ON
+        AUTOMOC ON AUTOUIC ON AUTORCC ON AUTOGEN_ORIGIN_DEPENDS OFF
         AUTOUIC_EXECUTABLE ${PROJECT_BINARY_DIR}/uic_strict.sh)
     set_property(GLOBAL APPEND PROPERTY CORVANE_GENERATED ${target}_autogen)
 endfunction()
@@ -121,7 +121,8 @@ function(corvane_room_test_support room)
     get_target_property(widgets ${room} CORVANE_WIDGETS)
     if(widgets)
         target_link_libraries(${room}_test_support PUBLIC Qt6::Test)
-        set_target_properties(${room}_test_support PROPERTIES AUTOMOC ON)
+        set_target_properties(${room}_test_support PROPERTIES
+            AUTOMOC ON AUTOGEN_ORIGIN_DEPENDS OFF)
         set_property(GLOBAL APPEND PROPERTY CORVANE_GENERATED ${room}_test_support_autogen)
     endif()
 endfunction()
@@ -183,7 +184,8 @@ function(corvane_tests name)
     add_executable(${name}_tests ${sources})
     if(arg_WIDGETS)
         target_link_libraries(${name}_tests PRIVATE ${support} ${uses} test_main_widgets)
-        set_target_properties(${name}_tests PROPERTIES AUTOMOC ON)
+        set_target_properties(${name}_tests PROPERTIES
+            AUTOMOC ON AUTOGEN_ORIGIN_DEPENDS OFF)
         set_property(GLOBAL APPEND PROPERTY CORVANE_GENERATED ${name}_tests_autogen)
         set(environment QT_QPA_PLATFORM=offscreen)
     else()
