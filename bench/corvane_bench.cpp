@@ -41,7 +41,7 @@ const QString NoHitLetters = u"%Quxzyw%"_s;
 
 const QString All = u"SELECT * FROM ユーザー"_s;
 const QString KanaOrder = u" ORDER BY ユーザー.表示名ﾌﾘｶﾞﾅ ,ユーザー.ﾕｰｻﾞｰID"_s;
-const QString KaRow = All + u" WHERE 表示名ﾌﾘｶﾞﾅ Like '[ｶ-ｺ]%'"_s + KanaOrder;
+const QString MeasuredKaRow = All + u" WHERE 表示名ﾌﾘｶﾞﾅ Like '[ｶ-ｺ]%'"_s + KanaOrder;
 const QString BareAll = u"SELECT * FROM \"ユーザー\""_s;
 const QString BareKanaOrder = u" ORDER BY corvane_key(\"表示名ﾌﾘｶﾞﾅ\"), \"ﾕｰｻﾞｰID\""_s;
 const QString BareKaRow =
@@ -147,7 +147,7 @@ void measureStorage(Figures& figures, const Files& files, const QString& passwor
         });
     }
     figures.measure(u"か行 page with its count"_s, 0.1, [&] {
-        return bench::compare([&] { readPage(file, KaRow, true); },
+        return bench::compare([&] { readPage(file, MeasuredKaRow, true); },
                               [&] {
                                   bare.readAll(u"SELECT count(*)"_s + BareKaRow);
                                   bare.readAll(u"SELECT *"_s + BareKaRow + BareKanaOrder

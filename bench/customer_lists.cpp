@@ -22,7 +22,7 @@ namespace bench {
 
 namespace {
 
-constexpr double Limit = 2.0;
+constexpr double FirstPageLimit = 2.0;
 constexpr double Stretch = 50; // milliseconds that a timed run of a quick page takes
 constexpr int Records = 900;   // customers and cases that are chosen in turn
 const QString Word = u"水"_s;
@@ -30,7 +30,7 @@ const QString NoHit = u"どこにもない語"_s;
 
 // The columns that the lists' statements ask for, every value of which is read here.
 const QString Customers = uR"(SELECT * FROM "ユーザー")"_s;
-const QString KaRow =
+const QString KaRowByHand =
     uR"( WHERE corvane_key("表示名ﾌﾘｶﾞﾅ") >= corvane_key('カ') AND corvane_key("表示名ﾌﾘｶﾞﾅ") < corvane_key('サ'))"_s;
 const QString CustomerText =
     uR"( WHERE corvane_like(?, "表示名ﾌﾘｶﾞﾅ", "表示名", "ﾕｰｻﾞｰ名ﾌﾘｶﾞﾅ", "ﾕｰｻﾞｰ名", "自宅TEL", )"_s
@@ -156,7 +156,7 @@ void CustomerLists::compare(const QString& name, const std::function<Opened()>& 
     const double once = milliseconds(timer);
     int ours = 0;
     int other = 0;
-    m_figures.measure(name, Limit, [&] {
+    m_figures.measure(name, FirstPageLimit, [&] {
         return bench::compare(
             [&] {
                 m_record = record(++ours);
@@ -189,7 +189,7 @@ void CustomerLists::measureCustomers()
     const auto node = [&](const QString& caption) {
         return filterOf(index.children, caption, m_settings, m_today);
     };
-    customers(u"page of か行"_s, node(u"か行"_s), KaRow + CustomerOrder);
+    customers(u"page of か行"_s, node(u"か行"_s), KaRowByHand + CustomerOrder);
     customers(u"page of 他行"_s, node(u"他行"_s), otherRow() + CustomerOrder);
     customers(u"page of the customers of 最近更新"_s, node(u"最近更新"_s),
               between(uR"("最近更新日時")"_s,

@@ -18,7 +18,7 @@ namespace bench {
 
 namespace {
 
-constexpr double Limit = 2.0;
+constexpr double TurnLimit = 2.0;
 constexpr double LongEnough = 20000; // milliseconds after which a first way is given up
 constexpr double Hopeless = 1.5;     // a way that takes so many times as long as another one
 constexpr double Close = 1.3;        // ways that are so near to the best are timed with it
@@ -33,7 +33,7 @@ struct Trial {
 };
 
 // One list in one order.
-struct Case {
+struct OrderedList {
     const HandList& list;
     const HandFilter& filter;
     int column;
@@ -59,8 +59,8 @@ public:
 private:
     void measureOrder(const HandList& list, const HandFilter& filter, const HandOrder& order,
                       bool descending);
-    Times comparePage(const Case& ofCase, qint64 page);
-    std::vector<Trial> bestTrials(const Case& ofCase, const Window& window,
+    Times comparePage(const OrderedList& ofCase, qint64 page);
+    std::vector<Trial> bestTrials(const OrderedList& ofCase, const Window& window,
                                   const QList<qint64>& expected) const;
     bool tryOut(Trial* trial, double* best, const QList<qint64>& expected) const;
 
@@ -89,20 +89,20 @@ void ListPages::measureOrder(const HandList& list, const HandFilter& filter, con
     const QString last = name + u"last page"_s;
     if (!m_figures.wantsAnyOf({first, middle, last}))
         return;
-    const Case ofCase{list, filter, order.column, descending,
-                      handWays(m_bare, list, order, descending, filter)};
+    const OrderedList ofCase{list, filter, order.column, descending,
+                             handWays(m_bare, list, order, descending, filter)};
     const qint64 pages = ofCase.open()->pageCount();
-    m_figures.measure(first, Limit, [&] { return comparePage(ofCase, 1); });
+    m_figures.measure(first, TurnLimit, [&] { return comparePage(ofCase, 1); });
     if (pages > 2)
-        m_figures.measure(middle, Limit, [&] { return comparePage(ofCase, (pages + 1) / 2); });
+        m_figures.measure(middle, TurnLimit, [&] { return comparePage(ofCase, (pages + 1) / 2); });
     if (pages > 1)
-        m_figures.measure(last, Limit, [&] { return comparePage(ofCase, pages); });
+        m_figures.measure(last, TurnLimit, [&] { return comparePage(ofCase, pages); });
 }
 
 // A first page is opened and read. A list is turned to another one when the first page has been
 // read and the rows have been counted, as the screen does both; so the bare engine counts as well
 // before its clock starts, and what a quick page needs is as far away for both.
-Times ListPages::comparePage(const Case& ofCase, qint64 page)
+Times ListPages::comparePage(const OrderedList& ofCase, qint64 page)
 {
     const auto turned = ofCase.open();
     turned->setPage(page);
@@ -146,7 +146,7 @@ Times ListPages::comparePage(const Case& ofCase, qint64 page)
 }
 
 // Every way is tried with its addresses first; the two quickest ways in all their forms.
-std::vector<Trial> ListPages::bestTrials(const Case& ofCase, const Window& window,
+std::vector<Trial> ListPages::bestTrials(const OrderedList& ofCase, const Window& window,
                                          const QList<qint64>& expected) const
 {
     double best = LongEnough;

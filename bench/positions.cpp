@@ -15,7 +15,7 @@ namespace bench {
 
 namespace {
 
-constexpr double Limit = 2.0;
+constexpr double PlaceLimit = 2.0;
 
 using Open = std::function<std::unique_ptr<records::RecordList>()>;
 
@@ -72,7 +72,7 @@ void measureList(Figures& figures, const HandList& list)
                 + u" by "_s + order.name + u" and its page"_s;
             const Open open = [&] { return list.open(filter, order.column, false); };
             if (figures.wants(name) && open()->total() > 0) {
-                figures.measure(name, Limit,
+                figures.measure(name, PlaceLimit,
                                 [&] { return comparePosition(open, list.pageRows(filter)); });
             }
         }

@@ -24,15 +24,15 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Seconds = std::chrono::duration<double>;
 
-constexpr double Limit = 5;
+constexpr double WaitLimit = 5;
 constexpr Seconds Standing{13};
-constexpr int Adds = 100;
+constexpr int AddsBeside = 100;
 
 const QString CountLogs = u"SELECT count(*) AS 件数, max(ログ更新ID) AS 最後 FROM ログ"_s;
 const QString AllLogs = u"SELECT ログ更新ID, 記録者 FROM ログ"_s;
 const QString InOrder = u" ORDER BY 記録者 DESC, ログ更新ID"_s;
 const QString AddLog = u"INSERT INTO ログ (ログID, 記録者) VALUES (?, '新しい記録者')"_s;
-constexpr int HighNumber = 200'000'000; // above the numbers of a sample
+constexpr int NumberAbove = 200'000'000; // above the numbers of a sample
 
 void open(storage::Connection& file, const QString& path, const QString& password)
 {
@@ -75,10 +75,10 @@ private:
         storage::Connection file;
         bool saved = file.open(path, password);
         const auto begin = Clock::now();
-        for (int i = 0; i < Adds && saved; ++i) {
-            std::this_thread::sleep_until(begin + Standing * i / Adds);
+        for (int i = 0; i < AddsBeside && saved; ++i) {
+            std::this_thread::sleep_until(begin + Standing * i / AddsBeside);
             const auto before = Clock::now();
-            saved = file.execute(AddLog, {storage::Value(HighNumber + i)});
+            saved = file.execute(AddLog, {storage::Value(NumberAbove + i)});
             longest = std::max(longest, Seconds(Clock::now() - before).count());
         }
         saved = saved && ::write(m_ends[1], &longest, sizeof longest) == sizeof longest;
@@ -89,13 +89,13 @@ private:
     pid_t m_child = -1;
 };
 
-struct Logs {
+struct LogsInFile {
     qint64 number = 0;
     qint64 last = 0; // update ID
 };
 
 // Counted before anybody writes: one statement over all rows would keep the writer waiting.
-Logs countLogs(const QString& path, const QString& password)
+LogsInFile countLogs(const QString& path, const QString& password)
 {
     storage::Connection file;
     open(file, path, password);
@@ -106,9 +106,9 @@ Logs countLogs(const QString& path, const QString& password)
 }
 
 // Reads all rows in the time that it has to stand open.
-void readSlowly(storage::Connection& file, const QString& statement, const Logs& logs)
+void readSlowly(storage::Connection& file, const QString& statement, const LogsInFile& logs)
 {
-    constexpr qint64 Stretch = 1000;
+    constexpr qint64 RowsBetweenLooks = 1000;
     const qint64 rows = logs.number;
     QBitArray seen(logs.last + 1);
     const auto begin = Clock::now();
@@ -123,7 +123,7 @@ void readSlowly(storage::Connection& file, const QString& statement, const Logs&
         if (seen.testBit(row))
             giveUp(u"A row was read twice."_s);
         seen.setBit(row);
-        if (++read % Stretch == 0)
+        if (++read % RowsBetweenLooks == 0)
             std::this_thread::sleep_until(
                 begin + Standing * static_cast<double>(read) / static_cast<double>(rows));
     }
@@ -135,7 +135,7 @@ Times compareSaves(const QString& path, const QString& password, const QString& 
 {
     const ScratchCopy alone(path, u"alone"_s);
     const ScratchCopy beside(path, u"beside"_s);
-    const Logs logs = countLogs(beside.path(), password);
+    const LogsInFile logs = countLogs(beside.path(), password);
     Times times;
     times.other = Writer(alone.path(), password).longest() * 1e3;
     // Made before the file is open here: what is open in one process may not be used in another.
@@ -152,7 +152,7 @@ Times compareSaves(const QString& path, const QString& password, const QString& 
 void measureStandingReader(Figures& figures, const QString& path, const QString& password)
 {
     const QString name = u"longest save beside a standing reader"_s;
-    figures.measure(name, Limit, [&] { return compareSaves(path, password, AllLogs); });
+    figures.measure(name, WaitLimit, [&] { return compareSaves(path, password, AllLogs); });
     // All addresses are found and sorted in one statement, which nobody writes beside.
     const QString inOrder = name + u" with an order, in milliseconds (for information)"_s;
     if (figures.wants(inOrder))

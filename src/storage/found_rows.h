@@ -21,7 +21,8 @@ public:
     }
     void add(std::span<const qint64> row)
     {
-        m_addresses.insert(m_addresses.end(), row.begin(), row.end());
+        for (const qint64 address : row) // a row has one or two
+            m_addresses.push_back(address);
     }
 
     qsizetype width() const { return static_cast<qsizetype>(m_width); }

@@ -32,6 +32,8 @@ RowFinder::RowFinder(engine::Session& session, const sql::Finding& finding)
 {
 }
 
+// A template, as some of these walks pass a hundred thousand rows.
+template <typename Taker>
 RowFinder::Outcome RowFinder::walk(const sql::Emitted& statement, qsizetype width, qint64 workLimit,
                                    const Taker& take)
 {
@@ -218,7 +220,7 @@ bool RowFinder::findAll()
     // One statement does it where its rows come in order, or where there is nothing else to walk.
     if (!m_finding.filtered || !m_finding.ordered
         || (hasOwnOrder && (comesInOrder || m_session.wayOf(m_finding.unfiltered) == Way::Sorts))) {
-        const Taker keep = [this](std::span<const qint64> row) {
+        const auto keep = [this](std::span<const qint64> row) {
             m_rows.add(row);
             return true;
         };

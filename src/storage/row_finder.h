@@ -4,7 +4,6 @@
 #include "storage/found_rows.h"
 #include "storage/sql/finding.h"
 
-#include <functional>
 #include <optional>
 
 namespace storage {
@@ -50,9 +49,8 @@ public:
 
 private:
     enum class Outcome { Done, Stopped, Failed };
-    // What becomes of each row; false when no further one is wanted.
-    using Taker = std::function<bool(std::span<const qint64> row)>;
-
+    // `take` says what becomes of each row (its addresses); false when no further one is wanted.
+    template <typename Taker>
     Outcome walk(const sql::Emitted& statement, qsizetype width, qint64 workLimit,
                  const Taker& take);
     bool isLedTo();

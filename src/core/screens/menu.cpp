@@ -19,7 +19,7 @@ namespace core {
 
 namespace {
 
-enum Button { Administration, Customers, Repairs, Exchange, Optimise, Help, Version, Exit };
+enum Button { Administration, Customers, Repairs, Exchange, Compaction, Help, Version, Exit };
 
 // Whether the user went to the control by key; coming back to the window is no such choice.
 bool isFocusByKey(const QEvent& event)
@@ -103,7 +103,7 @@ void menu::Command1_Click(int index)
     case Exchange:
         leaveFor(Screen::Exchange);
         break;
-    case Optimise:
+    case Compaction:
         leaveFor(Screen::Optimisation);
         break;
     case Help:

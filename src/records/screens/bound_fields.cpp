@@ -101,6 +101,12 @@ FieldValues BoundFields::values() const
     return values;
 }
 
+void BoundFields::checkNumbers(core::Messages& messages) const
+{
+    for (ui::DigitsLineEdit* const field : m_numbers)
+        field->checkOnLeaving(messages);
+}
+
 bool BoundFields::judgeNumbers() const
 {
     return std::ranges::all_of(m_numbers, [](ui::DigitsLineEdit* field) { return field->judge(); });

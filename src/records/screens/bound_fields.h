@@ -15,6 +15,9 @@ class QPlainTextEdit;
 class QTimeEdit;
 class QWidget;
 
+namespace core {
+class Messages;
+}
 namespace ui {
 class DigitsLineEdit;
 }
@@ -42,7 +45,9 @@ public:
     void fill(const FieldValues& record) const;
     // What the fields hold, by column, in the order in which they were bound.
     FieldValues values() const;
-    // Judges the fields of numbers that were edited; false when one was refused.
+    // The fields of numbers are judged when they are left; whom to tell lives longer.
+    void checkNumbers(core::Messages& messages) const;
+    // Judges those that were edited at once; false when one was refused.
     bool judgeNumbers() const;
     // The widget of a column; null when none shows it.
     QWidget* widgetOf(const QString& column) const;

@@ -53,6 +53,7 @@ void EditForm::initialize(const Controls& controls, const QString& name)
          {QKeySequence(QKeySequence::Save), QKeySequence(Qt::CTRL | Qt::Key_Return)})
         connect(new QShortcut(key, this), &QShortcut::activated, m_controls.Command1,
                 &QPushButton::click);
+    m_fields.checkNumbers(m_desk.file.messages);
     m_empty = state();
     if (m_opening.record)
         m_fields.fill(m_opening.record->fields);

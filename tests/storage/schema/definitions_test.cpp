@@ -20,7 +20,7 @@ void PrintTo(const File& file, std::ostream* out)
     *out << file.name;
 }
 
-Catalog catalogOf(const Definition& definition)
+Catalog catalogFrom(const Definition& definition)
 {
     Catalog catalog;
     for (const Table& table : definition.tables)
@@ -63,7 +63,7 @@ class Definitions : public testing::TestWithParam<File> {};
 TEST_P(Definitions, NamesAreToldApartAfterFolding)
 {
     for (const Version version : {Version::V300, Version::V311}) {
-        const Catalog catalog = catalogOf(GetParam().define(version));
+        const Catalog catalog = catalogFrom(GetParam().define(version));
         for (const Table& table : catalog.tables()) {
             EXPECT_EQ(catalog.find(table.name()), &table);
             for (qsizetype i = 0; i < table.columns().size(); ++i)
@@ -76,7 +76,7 @@ TEST_P(Definitions, IndexesAndFirstRowsNameWhatIsThere)
 {
     for (const Version version : {Version::V300, Version::V311}) {
         const Definition definition = GetParam().define(version);
-        const Catalog catalog = catalogOf(definition);
+        const Catalog catalog = catalogFrom(definition);
         QSet<QString> names;
         for (const Index& index : definition.indexes) {
             EXPECT_TRUE(index.name.startsWith(u'_'));
@@ -101,7 +101,7 @@ TEST_P(Definitions, IndexesAndFirstRowsNameWhatIsThere)
 TEST_P(Definitions, OnlyIndexesOnAddedColumnsAreMissingInTheOldVersion)
 {
     const Definition old = GetParam().define(Version::V300);
-    const Catalog catalog = catalogOf(old);
+    const Catalog catalog = catalogFrom(old);
     for (const Index& index : GetParam().define(Version::V311).indexes) {
         const bool there = std::ranges::any_of(
             old.indexes, [&index](const Index& other) { return other.name == index.name; });

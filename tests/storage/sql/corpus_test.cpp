@@ -9,7 +9,7 @@ using namespace storage::sql::test;
 
 namespace {
 
-struct Case {
+struct CorpusCase {
     int line = 0;
     QString database;
     QString statement;
@@ -18,12 +18,12 @@ struct Case {
 
 // A line "@ name" names the database ("@ name count": how the rows are counted), "#" begins a
 // remark, an indented line is what the statement before it resolves to.
-QList<Case> readCorpus(const QString& name)
+QList<CorpusCase> readCorpus(const QString& name)
 {
     QFile file(QStringLiteral(CORVANE_TESTS_DIR "/storage/sql/") + name);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
-    QList<Case> cases;
-    Case current;
+    QList<CorpusCase> cases;
+    CorpusCase current;
     int number = 0;
     for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n')) {
         ++number;
@@ -42,7 +42,7 @@ QList<Case> readCorpus(const QString& name)
     return cases;
 }
 
-QString resolved(const Case& each)
+QString resolved(const CorpusCase& each)
 {
     const QStringList words = each.database.split(u' ');
     const auto& catalog = catalogOf(words.first());
@@ -68,9 +68,9 @@ bool agrees(const QString& actual, const QString& expected)
 
 void expectCorpus(const QString& name, qsizetype atLeast)
 {
-    const QList<Case> cases = readCorpus(name);
+    const QList<CorpusCase> cases = readCorpus(name);
     EXPECT_GE(cases.size(), atLeast);
-    for (const Case& each : cases) {
+    for (const CorpusCase& each : cases) {
         const QString actual = resolved(each);
         EXPECT_TRUE(agrees(actual, each.expected))
             << name.toStdString() << ':' << each.line << "\n  " << each.statement.toStdString()

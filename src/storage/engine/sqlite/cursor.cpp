@@ -161,10 +161,11 @@ Cursor::Step SqliteCursor::step()
 
 qint64 SqliteCursor::integer(int column) const
 {
-    sqlite3_stmt* statement = m_statement.get();
-    return sqlite3_column_type(statement, column) == SQLITE_NULL
+    // Asked first for what it is most times: this is done for each row of a long walk.
+    const qint64 number = sqlite3_column_int64(m_statement.get(), column);
+    return number == 0 && sqlite3_column_type(m_statement.get(), column) == SQLITE_NULL
         ? sql::NoAddress
-        : qint64{sqlite3_column_int64(statement, column)};
+        : number;
 }
 
 Value SqliteCursor::value(int column, schema::ColumnType type) const
