@@ -97,10 +97,11 @@ function(corvane_test_support)
     target_include_directories(test_support INTERFACE ${PROJECT_SOURCE_DIR}/tests)
     target_compile_definitions(test_support INTERFACE
         CORVANE_TESTS_DIR="${PROJECT_SOURCE_DIR}/tests")
-    target_compile_options(test_support INTERFACE "SHELL:-include ${folder}/print_qt.h"
-        # A test outside the unnamed namespace of its fixture is none of a header's business, which
-        # several sources that are compiled as one are taken for.
-        $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
+    target_compile_options(test_support INTERFACE "SHELL:-include ${folder}/print_qt.h")
+    if(CMAKE_UNITY_BUILD)
+        # The fixture of a test that stands outside its unnamed namespace is taken for a header's.
+        target_compile_options(test_support INTERFACE -Wno-subobject-linkage)
+    endif()
     target_link_libraries(test_support INTERFACE GTest::gmock Qt6::Core corvane_options)
     add_library(test_main STATIC ${folder}/main_core.cpp)
     target_link_libraries(test_main PUBLIC test_support)
