@@ -85,9 +85,13 @@ void CaseView::showNode(const records::ListFilter& filter)
 
 void CaseView::showCasesOf(const core::RecordKey& customer, const QString& name)
 {
-    m_ofCustomer = casesOfCustomer(customer, name);
+    const records::ListFilter cases = casesOfCustomer(customer, name);
+    if (!m_list.showFilter(cases))
+        return; // index and list stay as they are
+    m_ofCustomer = cases;
+    m_isOutside = false;
+    m_outside.clear();
     m_index.markFirst();
-    showNode(m_ofCustomer);
 }
 
 // What no node of the index shows: none of them is marked then, so that each can be chosen.

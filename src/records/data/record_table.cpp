@@ -67,7 +67,9 @@ RecordState runOnRow(Database& data, const QString& query, const QString* stampS
         if (!row.open(query, data.connection, storage::CursorType::Dynamic,
                       storage::LockType::Optimistic))
             return false;
-        state = stateOf(row, stampShown ? *stampShown : row.text(u"更新日時"));
+        const bool meansAny = !stampShown && !row.eof(); // the user said yes to any later state
+        state =
+            meansAny ? RecordState::Unchanged : stateOf(row, stampShown ? *stampShown : QString());
         return state == RecordState::Unchanged && steps(row);
     });
     return state;
@@ -297,7 +299,8 @@ DeleteResult removeRecord(Database& data, const RecordTable& table, const core::
     const KeyedText& query = table.deleteQuery.text.isEmpty() ? table.rowQuery : table.deleteQuery;
     return deleteResultOf(runChecked(
         data, query.with(key), key.stamp, core::DeleteFailedText, [&](storage::Recordset& row) {
-            return runCascade(data, table.cascade, key) && touch(data, table, recordOf(table, row));
+            const Record before = recordOf(table, row);
+            return runCascade(data, table.cascade, key) && touch(data, table, before);
         }));
 }
 

@@ -189,6 +189,7 @@ void EditForm::Command2_Click()
 
 void EditForm::emptyFields()
 {
+    m_opening.record.reset(); // what comes now is no copy of it any more, and its draft not either
     m_empty.applyTo(*this);
     m_shown = m_empty;
     m_controls.first->setFocus();

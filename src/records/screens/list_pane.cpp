@@ -208,7 +208,8 @@ void ListPane::tick(int row, bool ticked)
     Record record;
     if (writeFields(*m_data, *m_parts.table, core::RecordKey::fromText(shown.key),
                     {{m_description->check, ticked ? 1 : 0}}, &record)
-        != SaveResult::Saved) {
+            != SaveResult::Saved
+        || m_list->model().rowAt(row).key != shown.key) { // the list was read again meanwhile
         refill();
         return;
     }
