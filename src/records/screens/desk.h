@@ -14,6 +14,7 @@ class UserSettings;
 namespace records {
 
 class Drafts;
+class StatusLine;
 
 // What the windows of one open data file work with. All of it lives longer than they do.
 struct Desk {
@@ -23,6 +24,10 @@ struct Desk {
     ui::FileChooser& files;
     Drafts& drafts;
     ui::UserSettings& userSettings;
+    StatusLine* status = nullptr; // of the main screen, where there is one
+
+    // Says what has happened, without asking for anything.
+    void say(const QString& text) const;
 };
 
 } // namespace records

@@ -5,6 +5,7 @@
 #include "core/data/shared.h"
 #include "records/screens/floating_windows.h"
 #include "records/screens/list_pane.h"
+#include "records/screens/status_line.h"
 #include "ui/icons.h"
 #include "ui/list_view.h"
 #include "ui/pane_keys.h"
@@ -32,10 +33,16 @@ namespace {
 constexpr QSize FirstSize(1280, 700);
 constexpr double LargeShare = 0.55; // of the height, for the list that was chosen to be large
 
+Desk withStatus(Desk desk, QWidget* shell)
+{
+    desk.status = new StatusLine(shell);
+    return desk;
+}
+
 } // namespace
 
 MainShell::MainShell(const Desk& desk, QWidget* parent)
-    : QMainWindow(parent), m_desk(desk), m_settings(readSettings(desk.file))
+    : QMainWindow(parent), m_desk(withStatus(desk, this)), m_settings(readSettings(desk.file))
 {
     resize(FirstSize);
 }
@@ -89,7 +96,9 @@ void MainShell::showStatus()
     auto* const sharing = new QLabel(exclusive ? u"他接続不可"_s : u"共有"_s, this);
     sharing->setObjectName(u"StatusMode"_s);
     statusBar()->setContentsMargins(6, 0, 6, 0);
-    statusBar()->addWidget(name, 1);
+    statusBar()->addWidget(name);
+    statusBar()->addWidget(m_desk.status, 1);
+    addAction(m_desk.status->goOn());
     statusBar()->addPermanentWidget(sharing);
 }
 

@@ -16,6 +16,7 @@ namespace records {
 class FloatingWindows;
 class IndexPane;
 class ListPane;
+class StatusLine;
 
 // What the main screens of both kinds of data file have alike: how panes share the room and are
 // reached by keys, the status bar, help, refreshing, what is kept of desk and view, and closing.
@@ -37,6 +38,7 @@ protected:
     const Desk& desk() const { return m_desk; }
     Settings& settings() { return m_settings; }
     Selection& selection() { return m_selection; }
+    StatusLine& status() { return *m_desk.status; }
 
     // The parts of the screen, handed in once when all of it is made.
     struct Parts {
