@@ -1,6 +1,9 @@
 #include "ui/marked_calendar.h"
 
+#include "text/holidays.h"
+
 #include <QBoxLayout>
+#include <QEvent>
 #include <QPainter>
 #include <QSpinBox>
 #include <QTextCharFormat>
@@ -12,9 +15,10 @@ namespace ui {
 namespace {
 
 constexpr int SheetDays = 42; // six weeks
-const QColor SundayColour(0xc6, 0x28, 0x28);
-const QColor SaturdayColour(0x15, 0x65, 0xc0);
+const DayColours OnLight{QColor(0xb7, 0x1c, 0x1c), QColor(0x0d, 0x47, 0xa1)};
+const DayColours OnDark{QColor(0xff, 0x9e, 0x94), QColor(0x9a, 0xc4, 0xff)};
 const QColor MarkColour(0xef, 0x6c, 0x00);
+constexpr int HalfLightness = 128;
 
 // Japanese has the year first, with 年 behind it.
 void putYearFirst(QCalendarWidget& calendar)
@@ -43,6 +47,11 @@ void putYearFirst(QCalendarWidget& calendar)
 
 } // namespace
 
+DayColours dayColours(const QPalette& palette)
+{
+    return palette.color(QPalette::Base).lightness() < HalfLightness ? OnDark : OnLight;
+}
+
 MarkedCalendar::MarkedCalendar(QWidget* parent) : QCalendarWidget(parent)
 {
     setLocale(QLocale(QLocale::Japanese, QLocale::Japan));
@@ -50,11 +59,77 @@ MarkedCalendar::MarkedCalendar(QWidget* parent) : QCalendarWidget(parent)
     setVerticalHeaderFormat(NoVerticalHeader);
     setHorizontalHeaderFormat(SingleLetterDayNames);
     putYearFirst(*this);
+    addTodayButton();
+    colourWeekend();
+    colourHolidays();
+    connect(this, &QCalendarWidget::currentPageChanged, this, &MarkedCalendar::colourHolidays);
+}
+
+void MarkedCalendar::addTodayButton()
+{
+    auto* const bar = findChild<QWidget*>(u"qt_calendar_navigationbar"_s);
+    auto* const line = bar ? qobject_cast<QBoxLayout*>(bar->layout()) : nullptr;
+    auto* const next = findChild<QWidget*>(u"qt_calendar_nextmonth"_s);
+    if (!line || !next)
+        return;
+    auto* const button = new QToolButton(bar);
+    button->setObjectName(u"ToolToday"_s);
+    button->setText(u"今日"_s);
+    button->setToolTip(u"今日に戻る (Ctrl+T)"_s);
+    button->setAccessibleName(u"今日に戻る"_s);
+    button->setShortcut(Qt::CTRL | Qt::Key_T);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus);
+    button->setForegroundRole(QPalette::HighlightedText); // as the month beside it
+    line->insertWidget(line->indexOf(next), button);
+    connect(button, &QToolButton::clicked, this, &MarkedCalendar::goToToday);
+}
+
+void MarkedCalendar::setToday(QDate day)
+{
+    m_today = day;
+    updateCells();
+}
+
+void MarkedCalendar::goToToday()
+{
+    setSelectedDate(m_today);
+    showSelectedDate();
+    emit activated(m_today); // a calendar that was dropped down takes it and closes
+}
+
+void MarkedCalendar::colourWeekend()
+{
+    const DayColours colours = dayColours(palette());
     QTextCharFormat format;
-    format.setForeground(SundayColour);
+    format.setForeground(colours.holiday);
     setWeekdayTextFormat(Qt::Sunday, format);
-    format.setForeground(SaturdayColour);
+    format.setForeground(colours.saturday);
     setWeekdayTextFormat(Qt::Saturday, format);
+}
+
+void MarkedCalendar::colourHolidays()
+{
+    setDateTextFormat(QDate(), {}); // all
+    QTextCharFormat format;
+    format.setForeground(dayColours(palette()).holiday);
+    const auto [first, last] = shownDays();
+    for (QDate day = first; day <= last; day = day.addDays(1)) {
+        const QString name = text::holidayName(day);
+        if (name.isEmpty())
+            continue;
+        format.setToolTip(name);
+        setDateTextFormat(day, format);
+    }
+}
+
+void MarkedCalendar::changeEvent(QEvent* event)
+{
+    QCalendarWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        colourWeekend();
+        colourHolidays();
+    }
 }
 
 void MarkedCalendar::setMarked(QSet<QDate> days)
@@ -75,14 +150,19 @@ std::pair<QDate, QDate> MarkedCalendar::shownDays() const
 void MarkedCalendar::paintCell(QPainter* painter, const QRect& cell, QDate day) const
 {
     QCalendarWidget::paintCell(painter, cell, day);
-    if (!m_marked.contains(day))
-        return;
-    const int size = qMax(4, cell.height() / 5);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(MarkColour);
-    painter->drawEllipse(cell.right() - size - 2, cell.top() + 2, size, size);
+    if (day == m_today) {
+        painter->setPen(
+            palette().color(day == selectedDate() ? QPalette::HighlightedText : QPalette::Text));
+        painter->drawRoundedRect(QRectF(cell).adjusted(1.5, 1.5, -1.5, -1.5), 3, 3);
+    }
+    if (m_marked.contains(day)) {
+        const int size = qMax(4, cell.height() / 5);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(MarkColour);
+        painter->drawEllipse(cell.right() - size - 2, cell.top() + 2, size, size);
+    }
     painter->restore();
 }
 

@@ -2,7 +2,6 @@
 #include "text/dates.h"
 #include "ui/date_picker.h"
 #include "ui/digits_line_edit.h"
-#include "ui/marked_calendar.h"
 #include "ui/reading_filler.h"
 
 #include <QClipboard>
@@ -202,15 +201,6 @@ TEST(DatePicker, ShowsTheStoredTextOnAnyMachine)
         EXPECT_EQ(time.text(), u"09:05"_s);
     }
     QLocale::setDefault(before);
-}
-
-TEST(MarkedCalendar, KnowsTheDaysOnItsSheet)
-{
-    ui::MarkedCalendar calendar;
-    calendar.setCurrentPage(2024, 9); // begins on a Sunday
-    EXPECT_EQ(calendar.shownDays(), std::pair(QDate(2024, 8, 25), QDate(2024, 10, 5)));
-    calendar.setCurrentPage(2024, 6); // begins on a Saturday
-    EXPECT_EQ(calendar.shownDays(), std::pair(QDate(2024, 5, 26), QDate(2024, 7, 6)));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "core/data/clock.h"
 #include "records/data/schedule.h"
 #include "records/screens/selection.h"
+#include "text/holidays.h"
 #include "ui/list_view.h"
 #include "ui_schedule_pane.h"
 
@@ -50,10 +51,12 @@ void SchedulePane::initialize(Database& database, Selection& selection)
 void SchedulePane::showEntries(bool shown)
 {
     m_ui->ListView8->setVisible(shown);
+    m_ui->lblYoteiList->setVisible(shown);
 }
 
 void SchedulePane::refill()
 {
+    m_ui->MonthView1->setToday(m_data->clock.today());
     markDays();
     showDay();
 }
@@ -62,10 +65,13 @@ void SchedulePane::showDay()
 {
     const QDate day = m_ui->MonthView1->selectedDate();
     m_selection->setDay(day);
-    const qint64 entries = countScheduleEntries(*m_data, day);
-    m_ui->lblYotei->setCaption(weekdayAnnouncement(day) + u"　予定 "_s + QString::number(entries)
-                               + u" 件"_s);
+    const QString holiday = text::holidayName(day);
+    m_ui->lblYotei->setCaption(weekdayAnnouncement(day)
+                               + (holiday.isEmpty() ? QString() : u'　' + holiday));
     m_ui->ListView8->refill(openSchedule(*m_data, day, day.addDays(DaysShown - 1)));
+    m_ui->lblYoteiList->setCaption(u"予定　%1日間 %2 件（この日 %3 件）"_s.arg(DaysShown)
+                                       .arg(m_model.rowCount())
+                                       .arg(countScheduleEntries(*m_data, day)));
 }
 
 void SchedulePane::showMenu(const QPoint& place)
