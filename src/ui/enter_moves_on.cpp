@@ -90,8 +90,6 @@ bool EnterMovesOn::takeKey(QWidget* field, QKeyEvent* event)
 
 void EnterMovesOn::moveOn(QWidget* field)
 {
-    if (auto* const spin = qobject_cast<QAbstractSpinBox*>(field))
-        spin->interpretText();
     if (QWidget* const next = nextField(field)) {
         next->setFocus(Qt::TabFocusReason);
     } else if (m_button && m_button->isEnabled()) {

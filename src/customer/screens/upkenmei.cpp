@@ -17,6 +17,8 @@ upkenmei::upkenmei(const records::Desk& desk, const records::Opening& opening, Q
     m_ui->Combo1->addItems({QString::fromUtf16(OpenState), QString::fromUtf16(FinishedState)});
     m_ui->DTPicker1->setDate(today);
     m_ui->DTPicker2->setDate(today);
+    m_ui->DTPicker1->setClock(desk.file.clock);
+    m_ui->DTPicker2->setClock(desk.file.clock);
     connect(m_ui->chkYotei, &QCheckBox::toggled, this, &upkenmei::chkYotei_Click);
     fields().bind(m_ui->DTPicker1, u"登録日"_s);
     fields().bind(m_ui->kenmei1, u"件名"_s);

@@ -2,18 +2,23 @@
 
 #include "text/dates.h"
 #include "text/lines.h"
+#include "ui/date_picker.h"
 #include "ui/digits_line_edit.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QTimeEdit>
 
 #include <algorithm>
 
 namespace records {
+
+template <typename Field> void BoundFields::judged(Field* field)
+{
+    m_judged.push_back({[field] { return field->judge(); },
+                        [field](core::Messages& messages) { field->checkOnLeaving(messages); }});
+}
 
 void BoundFields::bind(QLineEdit* field, const QString& column)
 {
@@ -25,7 +30,7 @@ void BoundFields::bind(QLineEdit* field, const QString& column)
 
 void BoundFields::bind(ui::DigitsLineEdit* field, const QString& column)
 {
-    m_numbers.push_back(field);
+    judged(field);
     m_bound.push_back({field, column,
                        [field](const storage::Value& value) { field->setText(value.toText()); },
                        [field] { return storage::Value(field->plainText()); }});
@@ -62,29 +67,43 @@ void BoundFields::bind(QCheckBox* field, const QString& column)
          [field] { return storage::Value(field->isChecked() ? 1 : 0); }});
 }
 
-void BoundFields::bind(QDateEdit* field, const QString& column, QCheckBox* only)
+void BoundFields::bind(ui::DatePicker* field, const QString& column, QCheckBox* only)
 {
+    judged(field);
     const auto show = [field, only](const storage::Value& value) {
-        const std::optional<QDate> day = text::parseDate(value.toText());
+        const QString text = value.toText();
+        const std::optional<QDate> day = text::parseDate(text);
         if (only)
-            only->setChecked(day.has_value());
+            only->setChecked(!text.isEmpty());
         if (day)
             field->setDate(*day);
+        field->showStored(day ? QString() : text);
     };
-    m_bound.push_back({field, column, show, [field, only] {
-                           const bool has = !only || only->isChecked();
-                           return storage::Value(has ? text::formatDate(field->date()) : QString());
-                       }});
+    const auto entered = [field, only] {
+        const bool has = !only || only->isChecked();
+        const QString& stored = field->storedText();
+        return storage::Value(!has                   ? QString()
+                                  : stored.isEmpty() ? text::formatDate(field->date())
+                                                     : stored);
+    };
+    m_bound.push_back({field, column, show, entered});
 }
 
-void BoundFields::bind(QTimeEdit* field, const QString& column)
+void BoundFields::bind(ui::TimePicker* field, const QString& column)
 {
+    judged(field);
     const auto show = [field](const storage::Value& value) {
-        if (const std::optional<QTime> time = text::parseTime(value.toText()))
+        const QString text = value.toText();
+        const std::optional<QTime> time = text::parseTime(text);
+        if (time)
             field->setTime(*time);
+        field->showStored(time ? QString() : text);
     };
-    m_bound.push_back(
-        {field, column, show, [field] { return storage::Value(text::formatTime(field->time())); }});
+    const auto entered = [field] {
+        const QString& stored = field->storedText();
+        return storage::Value(stored.isEmpty() ? text::formatTime(field->time()) : stored);
+    };
+    m_bound.push_back({field, column, show, entered});
 }
 
 void BoundFields::fill(const FieldValues& record) const
@@ -103,13 +122,13 @@ FieldValues BoundFields::values() const
 
 void BoundFields::checkNumbers(core::Messages& messages) const
 {
-    for (ui::DigitsLineEdit* const field : m_numbers)
-        field->checkOnLeaving(messages);
+    for (const Judged& field : m_judged)
+        field.checkOnLeaving(messages);
 }
 
 bool BoundFields::judgeNumbers() const
 {
-    return std::ranges::all_of(m_numbers, [](ui::DigitsLineEdit* field) { return field->judge(); });
+    return std::ranges::all_of(m_judged, [](const Judged& field) { return field.judge(); });
 }
 
 QWidget* BoundFields::widgetOf(const QString& column) const

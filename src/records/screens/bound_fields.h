@@ -9,18 +9,18 @@
 
 class QCheckBox;
 class QComboBox;
-class QDateEdit;
 class QLineEdit;
 class QPlainTextEdit;
-class QTimeEdit;
 class QWidget;
 
 namespace core {
 class Messages;
 }
 namespace ui {
+class DatePicker;
 class DigitsLineEdit;
-}
+class TimePicker;
+} // namespace ui
 
 namespace records {
 
@@ -37,15 +37,17 @@ public:
     void bind(QComboBox* field, const QString& column);
     void bind(QCheckBox* field, const QString& column);
     // A day that is missing leaves the proposed one in the field. With a check box: there is a day
-    // only while it is ticked.
-    void bind(QDateEdit* field, const QString& column, QCheckBox* only = nullptr);
-    void bind(QTimeEdit* field, const QString& column);
+    // only while it is ticked. A text that is no day, or no time, is shown beside the field and
+    // stays what it is until something is entered.
+    void bind(ui::DatePicker* field, const QString& column, QCheckBox* only = nullptr);
+    void bind(ui::TimePicker* field, const QString& column);
 
     // Shows a record's fields.
     void fill(const FieldValues& record) const;
     // What the fields hold, by column, in the order in which they were bound.
     FieldValues values() const;
-    // The fields of numbers are judged when they are left; whom to tell lives longer.
+    // The fields of numbers, days and times are judged when they are left; whom to tell lives
+    // longer.
     void checkNumbers(core::Messages& messages) const;
     // Judges those that were edited at once; false when one was refused.
     bool judgeNumbers() const;
@@ -60,7 +62,13 @@ private:
         std::function<storage::Value()> value;
     };
     std::vector<Bound> m_bound;
-    std::vector<ui::DigitsLineEdit*> m_numbers;
+    // What judges a field at once, and tells it whom to tell when it is left.
+    struct Judged {
+        std::function<bool()> judge;
+        std::function<void(core::Messages&)> checkOnLeaving;
+    };
+    template <typename Field> void judged(Field* field);
+    std::vector<Judged> m_judged;
 };
 
 } // namespace records

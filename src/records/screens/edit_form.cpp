@@ -157,7 +157,7 @@ void EditForm::saved()
     m_shown = state();
     emit written();
     if (isAdding() && m_controls.chkrenzo && m_controls.chkrenzo->isChecked())
-        emptyFields();
+        beginNext();
     else
         accept();
 }
@@ -193,6 +193,27 @@ void EditForm::emptyFields()
     m_empty.applyTo(*this);
     m_shown = m_empty;
     m_controls.first->setFocus();
+}
+
+void EditForm::continueWith(QWidget* next, const QSet<const QWidget*>& kept)
+{
+    m_next = next;
+    m_kept = kept;
+}
+
+void EditForm::beginNext()
+{
+    QSet<const QWidget*> others;
+    for (const QWidget* const each : findChildren<QWidget*>()) {
+        if (!m_kept.contains(each))
+            others.insert(each);
+    }
+    const FormState kept = FormState::of(*this, others);
+    emptyFields();
+    kept.applyTo(*this);
+    m_shown = state();
+    if (m_next)
+        m_next->setFocus();
 }
 
 void EditForm::done(int result)

@@ -7,6 +7,7 @@
 
 #include <QDate>
 #include <QDialog>
+#include <QSet>
 
 #include <optional>
 
@@ -71,6 +72,9 @@ protected:
     // To be called once, with the fields as they are for a new record: fills them from the opening
     // and offers a draft. `name` is the form's, for its drafts.
     void initialize(const Controls& controls, const QString& name);
+    // What 連続して入力 leaves in the fields for the next record, and the field that it goes on
+    // with.
+    void continueWith(QWidget* next, const QSet<const QWidget*>& kept);
 
     const Desk& desk() const { return m_desk; }
     const Opening& opening() const { return m_opening; }
@@ -87,6 +91,7 @@ private:
     void Command2_Click();
     void saved();
     void emptyFields();
+    void beginNext();
     void focusRefused();
     void offerDraft(const QString& name);
     QString draftName() const;
@@ -99,6 +104,8 @@ private:
     BoundFields m_fields;
     FieldValues m_filled; // what the fields showed of the record
     Controls m_controls;
+    QWidget* m_next = nullptr; // null: the first
+    QSet<const QWidget*> m_kept;
     FormState m_empty;
     FormState m_shown;
     QString m_name;

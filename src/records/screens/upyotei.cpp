@@ -15,6 +15,7 @@ upyotei::upyotei(const Desk& desk, const Opening& opening, const QString& name, 
     m_ui->setupUi(this);
     m_ui->DTPicker7->setDate(opening.day.isValid() ? opening.day : desk.file.clock.today());
     m_ui->DTPicker6->setTime(QTime(0, 0));
+    m_ui->DTPicker7->setClock(desk.file.clock);
     fields().bind(m_ui->DTPicker7, u"日付"_s);
     fields().bind(m_ui->DTPicker6, u"時刻"_s);
     fields().bind(m_ui->yotei1, u"予定"_s);

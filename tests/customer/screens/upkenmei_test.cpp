@@ -4,6 +4,7 @@
 
 #include <QComboBox>
 #include <QDateEdit>
+#include <QLabel>
 
 using namespace Qt::StringLiterals;
 using customer::upkenmei;
@@ -77,9 +78,17 @@ TEST_F(UpkenmeiTest, WhatWasNotEditedIsNotRewritten)
     press("Command1");
     EXPECT_EQ(stored(u"登録日 & 予定日 & 判定 & 件名"_s), u"平成元年来月保留修理"_s);
     openToChange(key);
-    control<QDateEdit>(u"DTPicker1"_s).setDate(QDate(2024, 4, 1));
+    EXPECT_EQ(control<QLabel>(u"storedDTPicker1"_s).text(), u"保存されている値: 平成元年"_s);
+    EXPECT_EQ(control<QLabel>(u"storedDTPicker2"_s).text(), u"保存されている値: 来月"_s);
+    type(control<QDateEdit>(u"DTPicker1"_s), u"20240415"_s); // the day that is proposed
     press("Command1");
-    EXPECT_EQ(stored(u"登録日 & 予定日"_s), u"2024/04/01(月)来月"_s);
+    EXPECT_EQ(stored(u"登録日 & 予定日"_s), u"2024/04/15(月)来月"_s);
+    openToChange(key);
+    type(control<QDateEdit>(u"DTPicker1"_s), u"20240431"_s);
+    press("Command1");
+    EXPECT_EQ(messages.takeText(), u"『 20240431 』日付は 2027/12/31 のように入力して下さい。"_s);
+    press("Command1");
+    EXPECT_EQ(stored(u"登録日 & 予定日"_s), u"2024/04/15(月)来月"_s);
 }
 
 } // namespace

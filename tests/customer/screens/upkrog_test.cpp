@@ -3,6 +3,7 @@
 #include "support/customer/screens/edit_form_test.h"
 
 #include <QComboBox>
+#include <QDateEdit>
 
 using namespace Qt::StringLiterals;
 using customer::upkrog;
@@ -34,7 +35,13 @@ TEST_F(UpkrogTest, OffersTheRecordersWhoWroteLast)
     openToAdd();
     tick("chkrenzo");
     enter(u"佐藤"_s, u"受付\n折り返し電話"_s);
+    control<QDateEdit>(u"DTPicker2"_s).setDate(QDate(2024, 4, 1));
     press("Command1");
+    // 連続して入力 goes on with the next text of the same day and recorder.
+    EXPECT_EQ(control<QComboBox>(u"Combo2"_s).currentText(), u"佐藤"_s);
+    EXPECT_EQ(control<QDateEdit>(u"DTPicker2"_s).date(), QDate(2024, 4, 1));
+    EXPECT_EQ(control<QPlainTextEdit>(u"Rrogu"_s).toPlainText(), QString());
+    EXPECT_TRUE(control<QPlainTextEdit>(u"Rrogu"_s).hasFocus());
     EXPECT_EQ(control<QComboBox>(u"Combo2"_s).itemText(0), u"佐藤"_s); // at once for the next
     enter(u"鈴木"_s, u"訪問"_s);
     press("Command1");
