@@ -1,6 +1,6 @@
 #include "ui/list_view.h"
 
-#include "core/data/record_key.h"
+#include "ui/find_again.h"
 #include "ui/list_copy.h"
 #include "ui/paged_list_model.h"
 
@@ -9,43 +9,17 @@
 #include <QFocusEvent>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScrollBar>
+#include <QToolTip>
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace ui {
-namespace {
-
-bool sameRecord(const QString& one, const QString& other)
-{
-    const core::RecordKey first = core::RecordKey::fromText(one);
-    const core::RecordKey second = core::RecordKey::fromText(other);
-    return first.updateId == second.updateId && first.mark == second.mark && first.id == second.id;
-}
-
-int findBetween(const PagedListModel& model, const QString& key, int first, int last)
-{
-    for (int each = qMax(0, first); each <= qMin(model.rowCount() - 1, last); ++each) {
-        if (sameRecord(model.rowAt(each).key, key))
-            return each;
-    }
-    return -1;
-}
-
-// The row of a record: where it stood, near that place, or among the first rows, where a list by
-// the last change has what was just saved; -1 when it is not there.
-int findAgainNear(const PagedListModel& model, const QString& key, int row)
-{
-    constexpr int Near = PagedListModel::BlockRows;
-    int found = findBetween(model, key, row, row);
-    if (found < 0)
-        found = findBetween(model, key, row - Near, row + Near);
-    return found >= 0 ? found : findBetween(model, key, 0, Near - 1);
-}
-
-} // namespace
-
 ListView::ListView(QWidget* parent) : QTreeView(parent)
 {
     setUniformRowHeights(true);
@@ -140,11 +114,63 @@ QString ListView::selectedText() const
     return m_model ? copyText(*m_model, selectionModel()->selection()) : QString();
 }
 
-void ListView::copySelection() const
+void ListView::copySelection()
 {
     const QString text = selectedText();
-    if (!text.isEmpty())
-        QGuiApplication::clipboard()->setText(text);
+    if (text.isEmpty())
+        return;
+    QGuiApplication::clipboard()->setText(text);
+    emit copied(selectedRows());
+}
+
+qsizetype ListView::selectedRows() const
+{
+    qsizetype rows = 0;
+    for (const QItemSelectionRange& range : selectionModel()->selection())
+        rows += range.height();
+    return rows;
+}
+
+void ListView::setHint(const QString& hint)
+{
+    m_hint = hint;
+    setAccessibleDescription(hint);
+    viewport()->update();
+}
+
+void ListView::paintEvent(QPaintEvent* event)
+{
+    QTreeView::paintEvent(event);
+    if (m_hint.isEmpty() || !model() || model()->rowCount() > 0)
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect().adjusted(8, 4, -8, -4), Qt::AlignCenter | Qt::TextWordWrap,
+                     m_hint);
+}
+
+// What is cut off in its cell can be read in a tip.
+bool ListView::viewportEvent(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QTreeView::viewportEvent(event);
+    const auto* const asked = static_cast<QHelpEvent*>(event);
+    const QModelIndex index = indexAt(asked->pos());
+    if (index.isValid() && sizeHintForIndex(index).width() > visualRect(index).width())
+        QToolTip::showText(asked->globalPos(),
+                           u"<p>"_s + index.data().toString().toHtmlEscaped() + u"</p>"_s, this,
+                           visualRect(index));
+    else
+        QToolTip::hideText();
+    return true;
+}
+
+// Of several lists only the one with the focus has its selection in colour.
+void ListView::initViewItemOption(QStyleOptionViewItem* option) const
+{
+    QTreeView::initViewItemOption(option);
+    if (!hasFocus())
+        option->state &= ~QStyle::State_Active;
 }
 
 bool ListView::toggleCheck()
@@ -153,7 +179,15 @@ bool ListView::toggleCheck()
     if (!box.isValid() || !(box.flags() & Qt::ItemIsUserCheckable))
         return false;
     const bool checked = box.data(Qt::CheckStateRole).toInt() == Qt::Checked;
-    return m_model->setData(box, checked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+    if (selectedRows() < 2)
+        return m_model->setData(box, checked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
+    QList<int> rows;
+    for (const QItemSelectionRange& range : selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.append(row);
+    }
+    emit m_model->checksRequested(rows, !checked);
+    return true;
 }
 
 // A list reached by keys stands on a row, so that the next key does something; a list that gets the
@@ -171,6 +205,13 @@ void ListView::focusInEvent(QFocusEvent* event)
     QTreeView::focusInEvent(event);
     if (byKeys && currentIndex().isValid() && !selectionModel()->hasSelection())
         selectRow(currentIndex().row());
+    setAttribute(Qt::WA_InputMethodEnabled); // kana are typed to go to a row
+}
+
+void ListView::focusOutEvent(QFocusEvent* event)
+{
+    m_typed.clear();
+    QTreeView::focusOutEvent(event);
 }
 
 void ListView::keyPressEvent(QKeyEvent* event)
@@ -180,6 +221,12 @@ void ListView::keyPressEvent(QKeyEvent* event)
         return;
     }
     const bool plain = !(event->modifiers() & ~Qt::KeypadModifier);
+    if (plain && event->key() == Qt::Key_Delete) {
+        emit deletionAsked();
+        return;
+    }
+    if (turnByKey(*event))
+        return;
     if (plain && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
         if (currentIndex().isValid())
             emit opened(currentIndex().row());
@@ -193,6 +240,60 @@ void ListView::keyPressEvent(QKeyEvent* event)
         return;
     }
     QTreeView::keyPressEvent(event);
+}
+
+// At the end of a page the arrow keys go on to the next one; with Ctrl the page keys turn from
+// anywhere.
+bool ListView::turnByKey(const QKeyEvent& event)
+{
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    const int row = currentIndex().row();
+    const int key = event.key();
+    if (modifiers == Qt::ControlModifier && (key == Qt::Key_PageDown || key == Qt::Key_PageUp)) {
+        emit pageWanted(key == Qt::Key_PageDown ? 1 : -1, SameRow);
+        return true;
+    }
+    if (modifiers != Qt::NoModifier || row < 0)
+        return false;
+    if ((key == Qt::Key_Down || key == Qt::Key_PageDown) && row == model()->rowCount() - 1)
+        emit pageWanted(1, 0);
+    else if ((key == Qt::Key_Up || key == Qt::Key_PageUp) && row == 0)
+        emit pageWanted(-1, -1);
+    else
+        return false;
+    return true;
+}
+
+void ListView::keyboardSearch(const QString& letters)
+{
+    type(letters);
+}
+
+void ListView::type(const QString& letters)
+{
+    constexpr int Pause = 1000; // ms, after which a new text begins
+    if (letters.trimmed().isEmpty() && m_typed.isEmpty())
+        return;
+    if (m_typed.isEmpty() || m_sinceTyped.hasExpired(Pause))
+        m_typed.clear();
+    m_sinceTyped.start();
+    m_typed += letters;
+    emit typed(m_typed);
+}
+
+// The base class would begin to edit.
+void ListView::inputMethodEvent(QInputMethodEvent* event)
+{
+    if (!event->commitString().isEmpty())
+        type(event->commitString());
+    event->accept();
+}
+
+QVariant ListView::inputMethodQuery(Qt::InputMethodQuery query) const
+{
+    if (query == Qt::ImEnabled)
+        return true;
+    return QTreeView::inputMethodQuery(query);
 }
 
 void ListView::mousePressEvent(QMouseEvent* event)
@@ -256,6 +357,7 @@ void ListView::contextMenuEvent(QContextMenuEvent* event)
 void ListView::reset()
 {
     QTreeView::reset();
+    emit selectedRowsChanged();
     if (!m_refilling)
         tellCurrent(-1);
 }
@@ -272,8 +374,15 @@ void ListView::tellCurrent(int row)
 void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
     QTreeView::currentChanged(current, previous);
+    setAttribute(Qt::WA_InputMethodEnabled);
     if (!m_refilling && current.row() != previous.row())
         tellCurrent(current.isValid() ? current.row() : -1);
+}
+
+void ListView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
+{
+    QTreeView::selectionChanged(selected, deselected);
+    emit selectedRowsChanged();
 }
 
 } // namespace ui

@@ -27,6 +27,7 @@ PageScrollBar::PageScrollBar(QWidget* parent) : QScrollBar(Qt::Horizontal, paren
     setPages(1, 1);
     connect(this, &QScrollBar::valueChanged, this, [this](int page) {
         setToolTip(placeText(page));
+        emit placeChanged(placeText(page));
         emit pageChosen(page);
     });
     connect(this, &QScrollBar::sliderMoved, this, [this](int page) {
@@ -41,8 +42,11 @@ void PageScrollBar::setPages(qint64 page, qint64 count)
     setSingleStep(1);
     setPageStep(qMax(1, maximum() / 10));
     setValue(bounded(page));
-    setEnabled(maximum() > 1);
+    const bool several = maximum() > 1;
+    setEnabled(several);
+    setVisible(several);
     setToolTip(placeText(value()));
+    emit placeChanged(several ? placeText(value()) : QString());
     update();
 }
 

@@ -36,6 +36,7 @@ PagedList::PagedList(ListView& view, PageScrollBar& pages, Counters* counters,
         m_view.turnTo(page);
         showCurrent();
     });
+    connect(&m_view, &ListView::pageWanted, this, &PagedList::turnBy);
 }
 
 void PagedList::fill(std::shared_ptr<core::ListSource> source, TableRows tableRows)
@@ -55,14 +56,25 @@ void PagedList::refill(std::shared_ptr<core::ListSource> source, TableRows table
     m_counting.start();
 }
 
+void PagedList::follow(std::shared_ptr<core::ListSource> source, TableRows tableRows)
+{
+    if (!showPlaceOfCurrent(source, tableRows))
+        refill(std::move(source), std::move(tableRows));
+}
+
 void PagedList::reorder(std::shared_ptr<core::ListSource> source, TableRows tableRows)
+{
+    if (!showPlaceOfCurrent(source, tableRows))
+        fill(std::move(source), std::move(tableRows));
+}
+
+// False when there is no current record, or the source has it no more.
+bool PagedList::showPlaceOfCurrent(std::shared_ptr<core::ListSource>& source, TableRows& tableRows)
 {
     const core::RecordKey key = core::RecordKey::fromText(m_view.currentKey());
     const qint64 place = key.isNone() ? 0 : source->positionOf(key);
-    if (place <= 0) {
-        fill(std::move(source), std::move(tableRows));
-        return;
-    }
+    if (place <= 0)
+        return false;
     m_tableRows = std::move(tableRows);
     source->setPage(pageOf(*source, place));
     const int row = rowOf(*source, place);
@@ -70,12 +82,40 @@ void PagedList::reorder(std::shared_ptr<core::ListSource> source, TableRows tabl
     m_view.scrollTo(m_model.index(row, 0));
     showCurrent();
     m_counting.start();
+    return true;
 }
 
 bool PagedList::turnTo(const core::RecordKey& key)
 {
     core::ListSource* const source = m_model.source();
-    const qint64 place = source ? source->positionOf(key) : 0;
+    return turnToPlace(source ? source->positionOf(key) : 0);
+}
+
+bool PagedList::turnToText(const QString& text)
+{
+    core::ListSource* const source = m_model.source();
+    return turnToPlace(source ? source->positionOfText(text) : 0);
+}
+
+void PagedList::turnBy(int pages, int row)
+{
+    core::ListSource* const source = m_model.source();
+    const qint64 page = source ? source->page() + pages : 0;
+    if (page < 1 || page > source->pageCount())
+        return;
+    const bool hadRow = m_view.currentIndex().isValid();
+    const int wanted = row == ListView::SameRow ? m_view.currentIndex().row() : row;
+    m_view.turnTo(page);
+    m_pages.setPages(page, source->pageCount());
+    const int last = m_model.rowCount() - 1;
+    if (hadRow && last >= 0)
+        m_view.selectRow(wanted < 0 ? last : qMin(wanted, last));
+    showCurrent();
+}
+
+bool PagedList::turnToPlace(qint64 place)
+{
+    core::ListSource* const source = m_model.source();
     if (place <= 0)
         return false;
     const qint64 page = pageOf(*source, place);

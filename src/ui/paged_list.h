@@ -33,11 +33,16 @@ public:
     // Shows the same list read anew, on the page that is shown now; the selection stays where its
     // record is still there.
     void refill(std::shared_ptr<core::ListSource> source, TableRows tableRows);
+    // The same, but turned to the page on which the selected record stands now.
+    void follow(std::shared_ptr<core::ListSource> source, TableRows tableRows);
     // Shows the same rows in another order, on the page where the selected record now stands; it
     // stays selected. Without one: from the first row on.
     void reorder(std::shared_ptr<core::ListSource> source, TableRows tableRows);
     // Turns to the page of a record and selects it; false when it is not among the rows.
     bool turnTo(const core::RecordKey& key);
+    // Turns to the first row whose cell in the ordered column begins with a text; false when there
+    // is none.
+    bool turnToText(const QString& text);
     // Empties the list; its counters go to 0.
     void clear();
 
@@ -54,6 +59,9 @@ signals:
 private:
     void count();
     void showCurrent();
+    bool showPlaceOfCurrent(std::shared_ptr<core::ListSource>& source, TableRows& tableRows);
+    bool turnToPlace(qint64 place);
+    void turnBy(int pages, int row);
 
     ListView& m_view;
     PageScrollBar& m_pages;

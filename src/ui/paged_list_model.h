@@ -59,6 +59,8 @@ public:
 signals:
     // The user asks for the check of a row to be set or cleared.
     void checkRequested(int row, bool checked);
+    // The same for several rows at once.
+    void checksRequested(const QList<int>& rows, bool checked);
     // Rows that were counted can no longer be read: another copy of the program has deleted some,
     // or reading fails. Given once for each source.
     void rowsVanished();

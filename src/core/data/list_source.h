@@ -40,6 +40,9 @@ public:
     // The place of a record among the rows of all pages, from 1; 0 when it is not among them, -1
     // when that cannot be told.
     virtual qint64 positionOf(const RecordKey&) { return -1; }
+    // The place of the first row whose cell in the column that orders the list begins with a text,
+    // kana kind, width and letter case aside; 0 when there is none, or nothing to look in.
+    virtual qint64 positionOfText(const QString&) { return 0; }
 };
 
 } // namespace core

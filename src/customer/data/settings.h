@@ -9,7 +9,6 @@ namespace customer::settings {
 using records::Setting;
 
 // What the main screen showed last, kept while 前回表示 is する (0).
-inline constexpr Setting FirstTab{u"顧客初期ﾀﾌﾞ"};      // the page of its tab control
 inline constexpr Setting CustomerView{u"顧客表示方法"}; // the node of the customer index
 inline constexpr Setting CaseView{u"件名表示方法"};     // the node of the case index
 inline constexpr Setting RememberView{u"前回表示"};     // 0 = する, 1 = しない

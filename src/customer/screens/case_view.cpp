@@ -38,9 +38,18 @@ CaseView::CaseView(records::ListPane& list, records::IndexPane& index, const rec
                    const records::Settings& settings, records::Selection& selection)
     : QObject(&list), m_list(list), m_index(index), m_desk(desk), m_settings(settings)
 {
-    m_list.initialize(desk.file, caseList(), settings, selection,
-                      {u"ListView2"_s, u"HScroll2"_s, u"cntKen"_s, u"lblKen"_s, u"optKen"_s,
-                       u"件名"_s, Lists::Cases, u"件名"_s, &caseTable(), plannedLooks()});
+    m_list.initialize(
+        desk.file, caseList(), settings, selection,
+        {u"ListView2"_s, u"HScroll2"_s, u"cntKen"_s, u"lblKen"_s, u"optKen"_s, u"件名"_s,
+         Lists::Cases, u"件名"_s, &caseTable(), plannedLooks(),
+         u"顧客を選ぶと、その件名がここに並びます。"_s, [this](const records::ListFilter& filter) {
+             return filter == m_ofCustomer ? u"件名はありません。Ctrl+K で追加します。"_s
+                                           : u"該当する件名はありません。"_s;
+         }});
+    connect(&m_list, &records::ListPane::counted, this, [this](qint64 rows) {
+        if (std::exchange(m_searching, false))
+            emit searched(rows);
+    });
     m_list.addSide(&m_index, u"split2"_s);
     m_list.clear(NoCustomerCaption);
     m_index.initialize(u"TreeView2"_s, u"件名の表示"_s, [this] {
@@ -69,8 +78,12 @@ void CaseView::showDateColumns()
     const bool planned = shown != RegisteredDateAlone;
     m_list.setMarkedColumns(registered ? RegisteredColumn : PlannedColumn,
                             planned ? PlannedColumn : RegisteredColumn);
-    m_list.view().setColumnHidden(RegisteredColumn, !registered);
-    m_list.view().setColumnHidden(PlannedColumn, !planned);
+    QList<int> hidden;
+    if (!registered)
+        hidden.append(RegisteredColumn);
+    if (!planned)
+        hidden.append(PlannedColumn);
+    m_list.showColumns(hidden);
 }
 
 void CaseView::showNode(const records::ListFilter& filter)
@@ -81,14 +94,16 @@ void CaseView::showNode(const records::ListFilter& filter)
     }
     m_isOutside = false;
     m_outside.clear();
+    emit shown();
 }
 
 void CaseView::showCasesOf(const core::RecordKey& customer, const QString& name)
 {
-    const records::ListFilter cases = casesOfCustomer(customer, name);
-    if (!m_list.showFilter(cases))
-        return; // index and list stay as they are
-    m_ofCustomer = cases;
+    const records::ListFilter before = std::exchange(m_ofCustomer, casesOfCustomer(customer, name));
+    if (!m_list.showFilter(m_ofCustomer)) {
+        m_ofCustomer = before; // index and list stay as they are
+        return;
+    }
     m_isOutside = false;
     m_outside.clear();
     m_index.markFirst();
@@ -102,6 +117,7 @@ bool CaseView::showOutsideIndex(const records::ListFilter& filter, const QString
     m_isOutside = true;
     m_outside = kept;
     m_index.markNone();
+    emit shown();
     return true;
 }
 
@@ -118,13 +134,13 @@ void CaseView::showDay(QDate day)
 
 void CaseView::showText(const QString& text)
 {
-    showOutsideIndex(casesWithText(text), KeptText + text);
+    m_searching = showOutsideIndex(casesWithText(text), KeptText + text);
 }
 
 void CaseView::showOutside(const QString& kept)
 {
     if (kept.startsWith(KeptText)) {
-        showText(kept.mid(KeptText.size()));
+        showOutsideIndex(casesWithText(kept.mid(KeptText.size())), kept);
     } else if (kept.startsWith(KeptDay)) {
         if (const std::optional<QDate> day = text::parseDate(kept.mid(KeptDay.size())))
             showDay(*day);
@@ -152,9 +168,11 @@ void CaseView::refill()
 {
     // The day may have changed.
     const records::ListFilter recent = recentCases({m_settings, m_desk.file.clock.today()});
-    if (m_list.filter().ownOrder == recent.ownOrder)
+    const records::ListFilter before = m_list.filter();
+    if (before.ownOrder == recent.ownOrder)
         m_list.renameFilter(recent);
-    m_list.refill();
+    if (!m_list.follow())
+        m_list.renameFilter(before); // what is shown are still the old days
 }
 
 void CaseView::renameCustomer(const core::RecordKey& customer, const QString& name)

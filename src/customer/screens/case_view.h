@@ -43,6 +43,10 @@ public:
     void refill();
     // The captions of this customer's cases bear its new name.
     void renameCustomer(const core::RecordKey& customer, const QString& name);
+    // The case index, whose choice is kept.
+    records::IndexPane& index() { return m_index; }
+    // The columns of dates that 件名表示日 asks for.
+    void showDateColumns();
     // The choices of the case index, to be chosen by key or by menu.
     void addViewsTo(QMenu& menu);
 
@@ -51,10 +55,15 @@ public:
     QString shownOutside() const { return m_outside; }
     void showOutside(const QString& kept);
 
+signals:
+    // Something was chosen to be shown, beside the customer's own cases.
+    void shown();
+    // A search for a text has shown so many cases.
+    void searched(qint64 hits);
+
 private:
     void showNode(const records::ListFilter& filter);
     bool showOutsideIndex(const records::ListFilter& filter, const QString& kept);
-    void showDateColumns();
 
     records::ListPane& m_list;
     records::IndexPane& m_index;
@@ -62,6 +71,7 @@ private:
     const records::Settings& m_settings;
     records::ListFilter m_ofCustomer; // of the customer chosen last; without a condition: none
     QString m_outside;
+    bool m_searching = false; // the hits are to be told
     bool m_isOutside = false; // a case of a log is, too
 };
 

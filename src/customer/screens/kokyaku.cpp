@@ -13,6 +13,8 @@
 #include "customer/screens/kokyaku_commands.h"
 #include "customer/screens/lists.h"
 #include "records/screens/floating_windows.h"
+#include "records/screens/status_line.h"
+#include "text/dates.h"
 #include "ui/list_view.h"
 #include "ui_kokyaku.h"
 
@@ -42,6 +44,17 @@ records::FloatingWindows::Description floatingWindows()
             u"顧客詳細を表示してから実行して下さい。"_s};
 }
 
+QString customersMissing(const records::ListFilter& filter)
+{
+    return filter.condition.isEmpty() ? u"Ctrl+N で最初の顧客を登録します。"_s
+                                      : u"該当する顧客はありません。"_s;
+}
+
+QString logsMissing(const records::ListFilter&)
+{
+    return u"ログはありません。Ctrl+L で追加します。"_s;
+}
+
 } // namespace
 
 kokyaku::kokyaku(std::unique_ptr<CustomerFile> file, core::Shared& shared, core::Opener& opener,
@@ -68,15 +81,34 @@ void kokyaku::Form_Load()
                                              new johokokyaku(desk(), settings(), this),
                                              new klogpreview(desk().file, this));
     m_ui->customers->initialize(desk().file, customerList(), settings(), selection(),
-                                {u"ListView1"_s, u"HScroll1"_s, u"cntKokya"_s, u"lblKokya"_s,
-                                 u"optKokya"_s, u"顧客"_s, Lists::Customers, u"表示名"_s,
-                                 &customerTable()});
+                                {u"ListView1"_s,
+                                 u"HScroll1"_s,
+                                 u"cntKokya"_s,
+                                 u"lblKokya"_s,
+                                 u"optKokya"_s,
+                                 u"顧客"_s,
+                                 Lists::Customers,
+                                 u"表示名"_s,
+                                 &customerTable(),
+                                 {},
+                                 {},
+                                 customersMissing});
     m_ui->logs->initialize(desk().file, logList(), settings(), selection(),
-                           {u"ListView3"_s, u"HScroll3"_s, u"cntRog"_s, u"lblRog"_s, u"optRog"_s,
-                            u"ログ"_s, Lists::Logs, u"Rログ"_s});
+                           {u"ListView3"_s,
+                            u"HScroll3"_s,
+                            u"cntRog"_s,
+                            u"lblRog"_s,
+                            u"optRog"_s,
+                            u"ログ"_s,
+                            Lists::Logs,
+                            u"Rログ"_s,
+                            nullptr,
+                            {},
+                            u"件名を選ぶと、そのログがここに並びます。"_s,
+                            logsMissing});
     m_cases = new CaseView(*m_ui->cases, *new records::IndexPane, desk(), settings(), selection());
     m_ui->files->initialize(desk(), caseFiles(), u"件名が選択されていません。"_s);
-    m_ui->schedule->initialize(desk().file, selection());
+    m_ui->schedule->initialize(desk().file, selection(), Lists::Schedule);
     m_ui->schedule->showEntries(settings()[settings::ShowSchedule] == 0);
     m_ui->index->initialize(u"TreeView1"_s, u"顧客の索引"_s, [this] {
         return records::IndexContext{settings(), desk().file.clock.today()};
@@ -99,6 +131,7 @@ void kokyaku::Form_Load()
     m_ui->splitIndex->setStretchFactor(0, 1);
     m_ui->splitLists->setSizes({225, 260, 125});
     restoreDesk();
+    m_cases->showDateColumns();
     restoreView();
     m_ui->customers->option().setChecked(true);
     m_ui->customers->view().setFocus();
@@ -113,9 +146,16 @@ void kokyaku::connectLists()
 {
     connect(m_ui->index, &records::IndexPane::chosen, this,
             [this](const records::ListFilter& filter) {
+                bringListsForward();
                 if (!m_ui->customers->showFilter(filter))
                     m_ui->index->goBack();
             });
+    connect(m_cases, &CaseView::shown, this, &kokyaku::bringListsForward);
+    connect(m_cases, &CaseView::searched, this, [this](qint64 hits) {
+        m_ui->cases->view().setFocus(Qt::ShortcutFocusReason);
+        desk().say(hits > 0 ? QString::number(hits) + u" 件見つかりました。"_s
+                            : u"見つかりませんでした。"_s);
+    });
     connect(m_ui->customers, &ListPane::chosen, this, &kokyaku::customerChosen);
     connect(m_ui->cases, &ListPane::chosen, this, &kokyaku::caseChosen);
     connect(m_ui->logs, &ListPane::chosen, this, &kokyaku::logChosen);
@@ -123,31 +163,95 @@ void kokyaku::connectLists()
 
 void kokyaku::connectCommands()
 {
-    for (const auto written : {&KokyakuCommands::customerWritten, &KokyakuCommands::caseWritten}) {
-        connect(m_commands, written, this, [this] {
-            refillCustomersAndCases();
-            m_ui->logs->clear();
-            m_windows->refill();
-        });
-    }
-    connect(m_commands, &KokyakuCommands::logWritten, this, [this] {
-        // The list may have been emptied when the case was saved.
-        if (!m_ui->logs->isShown())
-            showLogsOfCase();
-        refillLists();
-    });
-    connect(m_commands, &KokyakuCommands::scheduleWritten, m_ui->schedule,
-            &records::SchedulePane::refill);
-    connect(m_commands, &KokyakuCommands::customerRemoved, m_ui->customers,
-            &ListPane::forgetSelection);
-    connect(m_commands, &KokyakuCommands::caseRemoved, m_cases, &CaseView::returnToSingle);
+    connect(m_commands, &records::RecordCommands::written, this, &kokyaku::recordWritten);
+    for (const int list : {Lists::Customers, Lists::Cases, Lists::Logs})
+        connect(paneOf(list), &ListPane::deletionAsked, m_commands,
+                [this, list] { m_commands->removeFrom(list); });
+    connect(m_ui->schedule, &records::SchedulePane::deletionAsked, m_commands,
+            [this] { m_commands->removeFrom(Lists::Schedule); });
     connect(&m_ui->customers->view(), &ui::ListView::opened, m_commands,
             &KokyakuCommands::editCustomer);
     connect(&m_ui->cases->view(), &ui::ListView::opened, m_commands, &KokyakuCommands::editCase);
     connect(&m_ui->logs->view(), &ui::ListView::opened, m_commands, &KokyakuCommands::editLog);
-    connect(&m_ui->schedule->view(), &ui::ListView::opened, this, [this] {
-        m_commands->editSchedule(core::RecordKey::fromText(m_ui->schedule->view().currentKey()));
-    });
+    connect(&m_ui->schedule->view(), &ui::ListView::opened, m_commands,
+            &KokyakuCommands::editSchedule);
+}
+
+ListPane* kokyaku::paneOf(int list)
+{
+    const QHash<int, ListPane*> panes{{Lists::Customers, m_ui->customers},
+                                      {Lists::Cases, m_ui->cases},
+                                      {Lists::Logs, m_ui->logs}};
+    return panes.value(list);
+}
+
+void kokyaku::bringListsForward()
+{
+    m_ui->SSTab1->setCurrentWidget(m_ui->pageLists);
+}
+
+// After a customer or a case the list of logs is emptied; what was saved is selected, which fills
+// it again.
+void kokyaku::recordWritten(const records::Written& written)
+{
+    const bool deleted = written.how == records::Written::How::Deleted;
+    const int list = written.kind.list;
+    if (list == Lists::Schedule) {
+        m_ui->schedule->refill();
+    } else if (list == Lists::Logs) {
+        // The list may have been emptied when the case was saved.
+        if (!m_ui->logs->isShown())
+            showLogsOfCase();
+        refillLists();
+    } else {
+        if (deleted && list == Lists::Customers)
+            m_ui->customers->forgetSelection();
+        else if (deleted)
+            m_cases->returnToSingle();
+        refillCustomersAndCases();
+        m_ui->logs->clear();
+        m_windows->refill();
+    }
+    desk().say(written.told());
+    if (!deleted)
+        showSaved(written);
+}
+
+void kokyaku::showSaved(const records::Written& written)
+{
+    ListPane* const pane = paneOf(written.kind.list);
+    const bool seen =
+        pane ? pane->selectRecord(written.key) : m_ui->schedule->selectEntry(written.key);
+    if (!seen)
+        status().offer(written.told() + u"今の一覧にはありません。"_s,
+                       [this, written] { goTo(written); });
+}
+
+// To a record that lies outside what the lists show.
+void kokyaku::goTo(const records::Written& written)
+{
+    bringListsForward();
+    switch (written.kind.list) {
+    case Lists::Customers:
+        m_ui->index->chooseNumber(0);
+        m_ui->customers->selectRecord(written.key);
+        m_ui->customers->view().setFocus();
+        return;
+    case Lists::Cases:
+        m_cases->showCase(written.key);
+        m_ui->cases->view().setFocus();
+        return;
+    case Lists::Logs:
+        m_cases->showCase({0, written.key.mark, written.record.number(u"件名ID"), {}});
+        m_ui->logs->selectRecord(written.key);
+        m_ui->logs->view().setFocus();
+        return;
+    default:
+        if (const std::optional<QDate> day = text::parseDate(written.record.text(u"日付")))
+            m_ui->schedule->chooseDay(*day);
+        m_ui->schedule->selectEntry(written.key);
+        m_ui->schedule->view().setFocus();
+    }
 }
 
 // A click on the customer that is chosen already does not take the case list away from a view of
@@ -193,7 +297,7 @@ void kokyaku::logChosen(bool /*another*/, int column)
 // The captions follow what was renamed.
 void kokyaku::refillCustomersAndCases()
 {
-    m_ui->customers->refill();
+    m_ui->customers->follow();
     m_cases->renameCustomer(selection().key(Lists::Customers), selection().title(Lists::Customers));
     m_cases->refill();
     m_ui->files->renameOwner(selection().key(Lists::Cases), selection().title(Lists::Cases));
@@ -220,13 +324,13 @@ void kokyaku::refreshAll()
 void kokyaku::restoreView()
 {
     const bool remember = settings()[settings::RememberView] == 0;
-    m_ui->SSTab1->setCurrentIndex(remember ? settings()[settings::FirstTab] : 0);
+    bringListsForward();
     m_ui->index->chooseNumber(remember ? settings()[settings::CustomerView] : 0);
     if (!m_ui->customers->isShown())
         m_ui->index->chooseNumber(0); // the stored search was changed to one that is refused
     const int caseView = remember ? settings()[settings::CaseView] : 0;
     if (caseView != 0)
-        m_ui->cases->findChild<records::IndexPane*>()->chooseNumber(caseView);
+        m_cases->index().chooseNumber(caseView);
     else if (remember)
         m_cases->showOutside(keptText(KeptCases));
 }
@@ -236,10 +340,8 @@ void kokyaku::saveView()
     if (settings()[settings::RememberView] != 0)
         return;
     keepText(KeptCases, m_cases->shownOutside());
-    const records::SettingValues view = {
-        {settings::FirstTab, m_ui->SSTab1->currentIndex()},
-        {settings::CustomerView, m_ui->index->chosenNumber()},
-        {settings::CaseView, m_ui->cases->findChild<records::IndexPane*>()->chosenNumber()}};
+    const records::SettingValues view = {{settings::CustomerView, m_ui->index->chosenNumber()},
+                                         {settings::CaseView, m_cases->index().chosenNumber()}};
     const bool same = std::ranges::all_of(
         view, [this](const auto& each) { return settings()[each.first] == each.second; });
     if (!same)

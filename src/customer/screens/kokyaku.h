@@ -12,7 +12,9 @@ class kokyaku;
 }
 namespace records {
 class Drafts;
-}
+class ListPane;
+struct Written;
+} // namespace records
 
 namespace customer {
 
@@ -50,6 +52,11 @@ private:
     void showCasesOfCustomer();
     void showLogsOfCase();
     void refillCustomersAndCases();
+    void recordWritten(const records::Written& written);
+    void showSaved(const records::Written& written);
+    void goTo(const records::Written& written);
+    records::ListPane* paneOf(int list);
+    void bringListsForward();
 
     // kokyaku_menus.cpp
     void addMenus();

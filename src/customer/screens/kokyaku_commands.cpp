@@ -28,6 +28,39 @@ template <int... List> bool hasAnyOf(const records::Selection& selected)
 const auto HasCustomer = hasAnyOf<Lists::Customers>;
 const auto HasCase = hasAnyOf<Lists::Cases>;
 
+template <int List> bool hasOneOf(const records::Selection& selected)
+{
+    return selected.hasOne(List);
+}
+
+const records::RecordKind& customerKind()
+{
+    static const records::RecordKind kind{Lists::Customers, u"顧客"_s, u"表示名"_s, customerTable(),
+                                          records::makeForm<upkokyaku>};
+    return kind;
+}
+
+const records::RecordKind& caseKind()
+{
+    static const records::RecordKind kind{Lists::Cases, u"件名"_s, u"件名"_s, caseTable(),
+                                          records::makeForm<upkenmei>};
+    return kind;
+}
+
+const records::RecordKind& logKind()
+{
+    static const records::RecordKind kind{Lists::Logs, u"ログ"_s, u"Rログ"_s, logTable(),
+                                          records::makeForm<upkrog>};
+    return kind;
+}
+
+const records::RecordKind& scheduleKind()
+{
+    static const records::RecordKind kind{Lists::Schedule, u"予定"_s, u"予定"_s,
+                                          records::scheduleTable(), records::makeForm<upkyotei>};
+    return kind;
+}
+
 } // namespace
 
 KokyakuCommands::KokyakuCommands(const records::Desk& desk, const records::Selection& selection,
@@ -38,8 +71,7 @@ KokyakuCommands::KokyakuCommands(const records::Desk& desk, const records::Selec
         {u"MenuUserListKyakuAdd"_s,
          u"顧客を追加(&N)"_s,
          [this] {
-             openFor(&KokyakuCommands::customerWritten,
-                     open(records::makeForm<upkokyaku>, {Mode::Add, u"新しい顧客を追加する"_s}));
+             open(customerKind(), {Mode::Add, u"新しい顧客を追加する"_s});
          },
          {},
          Qt::CTRL | Qt::Key_N,
@@ -69,15 +101,17 @@ KokyakuCommands::KokyakuCommands(const records::Desk& desk, const records::Selec
         {u"MenuUserListKyakuEdit"_s, u"顧客を編集(&E)"_s, [this] { editCustomer(); }, HasCustomer},
         {u"MenuKenListKenEdit"_s, u"件名を編集(&E)"_s, [this] { editCase(); }, HasCase},
         {u"MenuRogListEdit"_s, u"ログを編集(&E)"_s, [this] { editLog(); }, hasAnyOf<Lists::Logs>},
+        {u"MenuYoteiEdit"_s, u"予定を編集(&E)"_s, [this] { editSchedule(); },
+         hasAnyOf<Lists::Schedule>},
+        {u"MenuUserListKyakuDelete"_s, u"顧客を削除(&D)\tDel"_s,
+         [this] { removeFrom(Lists::Customers); }, hasOneOf<Lists::Customers>},
+        {u"MenuKenListKenDelete"_s, u"件名を削除(&D)\tDel"_s, [this] { removeFrom(Lists::Cases); },
+         hasOneOf<Lists::Cases>},
+        {u"MenuRogListDelete"_s, u"ログを削除(&D)\tDel"_s, [this] { removeFrom(Lists::Logs); },
+         hasOneOf<Lists::Logs>},
+        {u"MenuYoteiDelete"_s, u"予定を削除(&D)\tDel"_s, [this] { removeFrom(Lists::Schedule); },
+         hasOneOf<Lists::Schedule>},
     });
-}
-
-records::EditForm* KokyakuCommands::openFor(void (KokyakuCommands::*told)(),
-                                            records::EditForm* form)
-{
-    if (form)
-        connect(form, &records::EditForm::written, this, told);
-    return form;
 }
 
 void KokyakuCommands::addCustomerLike()
@@ -86,21 +120,13 @@ void KokyakuCommands::addCustomerLike()
         records::readOrTell(m_desk.file, customerTable(), m_selected.key(Lists::Customers));
     if (!like)
         return;
-    openFor(&KokyakuCommands::customerWritten,
-            open(records::makeForm<upkokyaku>,
-                 {Mode::Add,
-                  u"【 "_s + m_selected.title(Lists::Customers) + u" 】参照追加"_s,
-                  {},
-                  like}));
+    open(customerKind(),
+         {Mode::Add, u"【 "_s + m_selected.title(Lists::Customers) + u" 】参照追加"_s, {}, like});
 }
 
 void KokyakuCommands::editCustomer()
 {
-    auto* const form = openFor(&KokyakuCommands::customerWritten,
-                               openRecord(records::makeForm<upkokyaku>, customerTable(),
-                                          m_selected.key(Lists::Customers), u"顧客情報を編集"_s));
-    if (form)
-        connect(form, &records::EditForm::removed, this, &KokyakuCommands::customerRemoved);
+    openRecord(customerKind(), m_selected.key(Lists::Customers), u"顧客情報を編集"_s);
 }
 
 void KokyakuCommands::addNewCase()
@@ -129,51 +155,48 @@ void KokyakuCommands::addCaseFromCases()
 
 void KokyakuCommands::openNewCase(const core::RecordKey& customer, const QString& name)
 {
-    openFor(&KokyakuCommands::caseWritten,
-            open(records::makeForm<upkenmei>,
-                 {Mode::Add, u"【 "_s + name + u" 】件名追加"_s, {customer}}));
+    open(caseKind(), {Mode::Add, u"【 "_s + name + u" 】件名追加"_s, {customer}});
 }
 
 void KokyakuCommands::editCase()
 {
-    auto* const form = openFor(&KokyakuCommands::caseWritten,
-                               openRecord(records::makeForm<upkenmei>, caseTable(),
-                                          m_selected.key(Lists::Cases), u" 件名情報を編集"_s));
-    if (form)
-        connect(form, &records::EditForm::removed, this, &KokyakuCommands::caseRemoved);
+    openRecord(caseKind(), m_selected.key(Lists::Cases), u" 件名情報を編集"_s);
 }
 
 void KokyakuCommands::addLog(const QString& captionEnd)
 {
     if (!m_selected.has(Lists::Cases))
         return;
-    openFor(&KokyakuCommands::logWritten,
-            open(records::makeForm<upkrog>,
-                 {Mode::Add,
-                  u"【 "_s + m_selected.title(Lists::Cases) + captionEnd,
-                  {m_selected.key(Lists::Cases)}}));
+    open(logKind(),
+         {Mode::Add,
+          u"【 "_s + m_selected.title(Lists::Cases) + captionEnd,
+          {m_selected.key(Lists::Cases)}});
 }
 
 void KokyakuCommands::editLog()
 {
-    openFor(&KokyakuCommands::logWritten,
-            openRecord(records::makeForm<upkrog>, logTable(), m_selected.key(Lists::Logs),
-                       u"ログ情報を編集"_s));
+    openRecord(logKind(), m_selected.key(Lists::Logs), u"ログ情報を編集"_s);
 }
 
 void KokyakuCommands::addSchedule()
 {
     const QDate day = m_selected.day();
-    openFor(&KokyakuCommands::scheduleWritten,
-            open(records::makeForm<upkyotei>,
-                 {Mode::Add, u"【 "_s + text::formatDate(day) + u" 】予定追加"_s, {}, {}, day}));
+    open(scheduleKind(),
+         {Mode::Add, u"【 "_s + text::formatDate(day) + u" 】予定追加"_s, {}, {}, day});
 }
 
-void KokyakuCommands::editSchedule(const core::RecordKey& key)
+void KokyakuCommands::editSchedule()
 {
-    openFor(&KokyakuCommands::scheduleWritten,
-            openRecord(records::makeForm<upkyotei>, records::scheduleTable(), key,
-                       u"予定情報を編集"_s));
+    openRecord(scheduleKind(), m_selected.key(Lists::Schedule), u"予定情報を編集"_s);
+}
+
+void KokyakuCommands::removeFrom(int list)
+{
+    for (const records::RecordKind* const kind :
+         {&customerKind(), &caseKind(), &logKind(), &scheduleKind()}) {
+        if (kind->list == list)
+            removeSelected(*kind);
+    }
 }
 
 } // namespace customer

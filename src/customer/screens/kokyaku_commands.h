@@ -16,17 +16,9 @@ public:
     void editCustomer();
     void editCase();
     void editLog();
-    void editSchedule(const core::RecordKey& key);
-
-signals:
-    // A record of one kind was added, changed or deleted: the lists are to be read again.
-    void customerWritten();
-    void caseWritten();
-    void logWritten();
-    void scheduleWritten();
-    // It was deleted; given before.
-    void customerRemoved();
-    void caseRemoved();
+    void editSchedule();
+    // Asked for in a list.
+    void removeFrom(int list);
 
 private:
     void addCustomerLike();
@@ -35,9 +27,6 @@ private:
     void openNewCase(const core::RecordKey& customer, const QString& name);
     void addLog(const QString& captionEnd);
     void addSchedule();
-    // Opens a form and passes its `written` on.
-    records::EditForm* openFor(void (KokyakuCommands::*told)(), records::EditForm* form);
-
     const records::Desk& m_desk;
     const records::Selection& m_selected;
 };

@@ -29,11 +29,6 @@ void kokyaku::addMenus()
              m_ui->cases->view().setFocus();
          },
          [](const auto& selected) { return selected.has(Lists::Customers); }},
-        {u"MenuYoteiEdit"_s, u"予定を編集(&E)"_s,
-         [this] {
-             m_commands->editSchedule(
-                 core::RecordKey::fromText(m_ui->schedule->view().currentKey()));
-         }},
     });
     const auto actions = [this](const QStringList& names) {
         QList<QAction*> found;
@@ -42,19 +37,20 @@ void kokyaku::addMenus()
         return found;
     };
     const QList<QAction*>& windows = m_windows->modeActions(); // customer, case, preview
-    m_ui->customers->setActions(
-        actions({u"MenuUserListKyakuAdd"_s, u"MenuUserListKyakuSansyoAdd"_s,
-                 u"MenuUserListKyakuEdit"_s, u"MenuUserListKenAdd"_s, u"MenuKenHyouzi"_s})
-        + QList<QAction*>{windows.at(0)} + laterScreens());
+    m_ui->customers->setActions(actions({u"MenuUserListKyakuAdd"_s, u"MenuUserListKyakuSansyoAdd"_s,
+                                         u"MenuUserListKyakuEdit"_s, u"MenuUserListKyakuDelete"_s,
+                                         u"MenuUserListKenAdd"_s, u"MenuKenHyouzi"_s})
+                                + QList<QAction*>{windows.at(0)} + laterScreens());
     m_ui->cases->setActions(
         QList<QAction*>{m_commands->entryFor(u"MenuUserListKyakuAdd"_s, u"MenuKenListKokyakuAdd"_s)}
         + actions({u"MenuKenListKenAdd"_s, u"MenuKenListKenEdit"_s, u"MenuKenListRogAdd"_s,
-                   u"MenuKanrneHyouzi"_s})
+                   u"MenuKenListKenDelete"_s, u"MenuKanrneHyouzi"_s})
         + QList<QAction*>{windows.at(1), displayMenu()->menuAction()});
-    m_ui->logs->setActions(
-        actions({u"MenuRogListAdd"_s, u"MenuRogListEdit"_s, u"MenuRogKenHyouzi"_s})
-        + QList<QAction*>{windows.at(2)});
-    m_ui->schedule->setActions(actions({u"MenuYoteiAdd"_s, u"MenuYoteiEdit"_s}));
+    m_ui->logs->setActions(actions({u"MenuRogListAdd"_s, u"MenuRogListEdit"_s,
+                                    u"MenuRogListDelete"_s, u"MenuRogKenHyouzi"_s})
+                           + QList<QAction*>{windows.at(2)});
+    m_ui->schedule->setActions(
+        actions({u"MenuYoteiAdd"_s, u"MenuYoteiEdit"_s, u"MenuYoteiDelete"_s}));
 
     auto* const display = new QToolButton(this);
     display->setObjectName(u"ToolDisplay"_s);

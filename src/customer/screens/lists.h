@@ -6,5 +6,6 @@ namespace customer::Lists {
 inline constexpr int Customers = 0;
 inline constexpr int Cases = 1;
 inline constexpr int Logs = 2;
+inline constexpr int Schedule = 3;
 
 } // namespace customer::Lists

@@ -1,10 +1,19 @@
 #include "records/data/list_description.h"
 
+#include "storage/base/quoted.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace records {
+
+namespace {
+
+const QString OrderBy = u" ORDER BY "_s;
+const QString Where = u" WHERE "_s;
+
+} // namespace
 
 std::optional<ListOrder> standingOrder(const ListDescription& list, const ListFilter& filter,
                                        const Settings& settings)
@@ -38,6 +47,32 @@ QString listStatement(const ListDescription& list, const ListFilter& filter,
     if (!order)
         return rows + filter.ownOrder;
     return rows + order->clause + (order->descending ? u" DESC"_s : QString()) + list.tieBreak;
+}
+
+QStringList beginningWith(const ListDescription& list, const ListFilter& filter,
+                          const std::optional<ListOrder>& clicked, const Settings& settings,
+                          const QString& text)
+{
+    const std::optional<ListOrder> order =
+        clicked ? clicked : standingOrder(list, filter, settings);
+    const int column = order ? columnOf(list, *order) : -1;
+    if (column < 0 || !filter.source.isEmpty())
+        return {};
+    const QString ordered = order->clause.mid(OrderBy.size());
+    QStringList looked{ordered};
+    if (const QString& shown = list.columns.at(column).shown; !shown.isEmpty())
+        looked.append(shown);
+    // Without its WHERE.
+    const QString condition = filter.condition.trimmed().mid(Where.trimmed().size());
+    QStringList statements;
+    for (const QString& each : std::as_const(looked)) {
+        ListFilter narrowed = filter;
+        narrowed.condition = Where
+            + (condition.isEmpty() ? QString() : u'(' + condition + u") And "_s) + each
+            + u" Like '"_s + storage::quoted(storage::likeLiteral(text)) + u"%'"_s;
+        statements.append(listStatement(list, narrowed, order, settings));
+    }
+    return statements;
 }
 
 } // namespace records

@@ -41,7 +41,10 @@ struct ListColumn {
     QString header;
     QString field;       // of the statement's rows
     QString clause = {}; // " ORDER BY ..."; empty: clicking the header does nothing
-    int width = 0;       // pixels at first; 0: takes what is left
+    int width = 0;       // pixels at first; 0: as the list has it
+    bool isText = false; // takes its share of what the other columns leave
+    // What the cell shows, where that is not what the column is ordered by.
+    QString shown = {};
 };
 
 // What the counters over a list say: 合計, 現在 and 最大.
@@ -88,5 +91,12 @@ int columnOf(const ListDescription& list, const ListOrder& order);
 // The statement of a list: `clicked` is the order of a clicked header.
 QString listStatement(const ListDescription& list, const ListFilter& filter,
                       const std::optional<ListOrder>& clicked, const Settings& settings);
+
+// The statements that give the rows of such a list whose cell in the ordered column begins with a
+// text, those that begin so in what the column is ordered by first. None where no column orders it
+// or the filter brings a statement of its own.
+QStringList beginningWith(const ListDescription& list, const ListFilter& filter,
+                          const std::optional<ListOrder>& clicked, const Settings& settings,
+                          const QString& text);
 
 } // namespace records

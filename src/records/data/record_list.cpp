@@ -143,6 +143,22 @@ qint64 RecordList::positionOf(const core::RecordKey& key)
     return m_readable ? m_rows.positionOf(m_list.updateId, storage::Value(key.updateId)) : 0;
 }
 
+qint64 RecordList::positionOfText(const QString& text)
+{
+    const QStringList statements =
+        m_beginning && !text.isEmpty() ? m_beginning(text) : QStringList();
+    for (const QString& statement : statements) {
+        storage::Recordset found;
+        found.setPageSize(1);
+        if (!found.open(statement, m_data.connection) || found.eof())
+            continue;
+        const qint64 position = positionOf({found.value(m_list.updateId).toInteger(), 0, 0, {}});
+        if (position > 0)
+            return position;
+    }
+    return 0;
+}
+
 core::ListRow RecordList::unreadableRow() const
 {
     core::ListRow row;
@@ -182,8 +198,13 @@ std::unique_ptr<RecordList> openList(Database& data, const ListDescription& list
             return list.emphasis(row, rowOnPage, settings, today);
         };
     }
-    return std::make_unique<RecordList>(data, list, listStatement(list, filter, clicked, settings),
-                                        settings[list.pageRows], std::move(emphasis));
+    auto rows =
+        std::make_unique<RecordList>(data, list, listStatement(list, filter, clicked, settings),
+                                     settings[list.pageRows], std::move(emphasis));
+    rows->setBeginning([&list, filter, clicked, settings](const QString& text) {
+        return beginningWith(list, filter, clicked, settings, text);
+    });
+    return rows;
 }
 
 std::unique_ptr<RecordList> openWholeList(Database& data, const ListDescription& list,

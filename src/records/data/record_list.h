@@ -37,6 +37,12 @@ public:
     // At which position, from 1 over all pages, the record stands; 0 when it is not in the list, -1
     // when that cannot be read.
     qint64 positionOf(const core::RecordKey& key) override;
+    // As beginningWith() in list_description.h has it.
+    qint64 positionOfText(const QString& text) override;
+
+    // Gives the statements that find a text, for positionOfText().
+    using Beginning = std::function<QStringList(const QString& text)>;
+    void setBeginning(Beginning beginning) { m_beginning = std::move(beginning); }
 
 private:
     struct Indices {
@@ -57,6 +63,7 @@ private:
     Database& m_data;
     const ListDescription& m_list;
     Emphasis m_emphasis;
+    Beginning m_beginning;
     Indices m_at;
     storage::Recordset m_rows;
     std::optional<qint64> m_total;

@@ -15,6 +15,8 @@ namespace records {
 
 namespace {
 
+const QString GoneOfAll = u" 件のデータは削除されている為、更新できません。"_s;
+
 Record recordOf(const RecordTable& table, const storage::Recordset& row)
 {
     Record record{{row.value(table.updateIdColumn).toInteger(),
@@ -289,6 +291,44 @@ SaveResult writeFields(Database& data, const RecordTable& table, const core::Rec
                                            *changed = recordOf(table, row);
                                        return true;
                                    }));
+}
+
+SaveResult writeFieldsOfAll(Database& data, const RecordTable& table,
+                            const QList<core::RecordKey>& keys, const FieldValues& fields)
+{
+    bool anyState = false;
+    for (;;) {
+        bool changed = false;
+        int gone = 0;
+        const bool done = runSteps(data, [&] {
+            for (const core::RecordKey& key : keys) {
+                storage::Recordset row;
+                if (!row.open(table.rowQuery.with(key), data.connection,
+                              storage::CursorType::Dynamic, storage::LockType::Optimistic))
+                    return false;
+                const RecordState state = stateOf(row, key.stamp);
+                gone += state == RecordState::Gone ? 1 : 0;
+                changed = changed || state == RecordState::Changed;
+                if (changed && !anyState)
+                    return false; // is asked about first
+                if (state != RecordState::Gone && !(putFields(data, row, fields) && row.update()))
+                    return false;
+            }
+            return true;
+        });
+        if (!done && changed && !anyState) {
+            const CheckResult check = askAbout(data.messages, RecordState::Changed);
+            if (check != CheckResult::GoOn)
+                return SaveResult::Declined;
+            anyState = true;
+            continue;
+        }
+        if (!done)
+            core::tellFailure(data.messages, core::SaveFailedText, data.connection);
+        else if (gone > 0)
+            data.messages.warn(QString::number(gone) + GoneOfAll);
+        return done ? SaveResult::Saved : SaveResult::Failed;
+    }
 }
 
 DeleteResult removeRecord(Database& data, const RecordTable& table, const core::RecordKey& key,

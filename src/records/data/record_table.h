@@ -134,6 +134,10 @@ SaveResult changeRecord(Database& data, const RecordTable& table, const core::Re
 // Writes these fields alone, without what the rules derive; the record check is made.
 SaveResult writeFields(Database& data, const RecordTable& table, const core::RecordKey& key,
                        const FieldValues& fields, Record* changed = nullptr);
+// The same for several records of a table at once, all or none. The user is asked once when some
+// were changed meanwhile, and told once how many are gone; the others are written then.
+SaveResult writeFieldsOfAll(Database& data, const RecordTable& table,
+                            const QList<core::RecordKey>& keys, const FieldValues& fields);
 // Asks `question` and deletes a record that was shown with this key, with all that hangs on it.
 DeleteResult removeRecord(Database& data, const RecordTable& table, const core::RecordKey& key,
                           const QString& question = QStringLiteral("削除しますか？"));

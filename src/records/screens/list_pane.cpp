@@ -3,9 +3,11 @@
 #include "records/data/record_list.h"
 #include "records/screens/selection.h"
 #include "ui/list_view.h"
+#include "ui/spare_width.h"
 #include "ui_list_pane.h"
 
 #include <QHeaderView>
+#include <QLabel>
 #include <QMenu>
 
 using namespace Qt::StringLiterals;
@@ -19,6 +21,14 @@ QStringList headersOf(const ListDescription& list)
     for (const ListColumn& column : list.columns)
         headers.append(column.header);
     return headers;
+}
+
+// The record's field that a column shows: the list's statement may have renamed it.
+QString ownField(const ListColumn& column, const Record& record)
+{
+    const bool renamed = std::ranges::none_of(
+        record.fields, [&column](const auto& own) { return own.first == column.field; });
+    return renamed ? column.clause.mid(column.clause.lastIndexOf(u'.') + 1) : column.field;
 }
 
 } // namespace
@@ -58,13 +68,34 @@ void ListPane::initialize(Database& database, const ListDescription& list, const
         if (const int width = list.columns.at(column).width)
             m_ui->list->header()->resizeSection(column, width);
     }
-    m_ui->list->header()->setStretchLastSection(true);
+    QList<int> texts;
+    for (int column = 0; column < list.columns.size(); ++column) {
+        if (list.columns.at(column).isText)
+            texts.append(column);
+    }
+    m_widths = new ui::SpareWidth(*m_ui->list, texts);
+    connectList();
+    clear();
+}
+
+void ListPane::connectList()
+{
+    connect(m_ui->pages, &ui::PageScrollBar::placeChanged, m_ui->place, &QLabel::setText);
+    connect(m_list.get(), &ui::PagedList::counted, this,
+            [this] { emit counted(m_list->model().source()->total()); });
+    connect(&m_list->model(), &ui::PagedListModel::checksRequested, this, &ListPane::tickAll);
+    connect(m_ui->list, &ui::ListView::selectedRowsChanged, this,
+            [this] { m_selection->setCount(m_parts.number, m_ui->list->selectedRows()); });
+    connect(m_ui->list, &ui::ListView::copied, this, [this](qsizetype rows) {
+        emit said(QString::number(rows) + u" 件をコピーしました。"_s);
+    });
+    connect(m_ui->list, &ui::ListView::deletionAsked, this, &ListPane::deletionAsked);
+    connect(m_ui->list, &ui::ListView::typed, this, &ListPane::goTo);
     connect(&m_list->model(), &ui::PagedListModel::checkRequested, this, &ListPane::tick);
     connect(&m_list->model(), &ui::PagedListModel::rowsVanished, this, &ListPane::refill);
     connect(m_ui->list, &ui::ListView::chosen, this, &ListPane::rowChosen);
     connect(m_ui->list, &ui::ListView::headerClicked, this, &ListPane::orderBy);
     connect(m_ui->list, &ui::ListView::menuRequested, this, &ListPane::showMenu);
-    clear();
 }
 
 void ListPane::addSide(QWidget* side, const QString& splitterName)
@@ -101,6 +132,7 @@ bool ListPane::showFilter(const ListFilter& filter)
     m_clicked = clicked;
     m_shown = true;
     setCaption(filter.caption);
+    showHint();
     m_list->fill(std::move(rows), tableRows());
     showOrder();
     return true;
@@ -117,6 +149,23 @@ void ListPane::renameFilter(const ListFilter& filter)
     setCaption(filter.caption);
 }
 
+void ListPane::showHint()
+{
+    m_ui->list->setHint(!m_shown             ? m_parts.notShown
+                            : m_parts.noRows ? m_parts.noRows(m_filter)
+                                             : QString());
+}
+
+// Letters typed in the list.
+void ListPane::goTo(const QString& beginning)
+{
+    if (!m_shown)
+        return;
+    const bool found = m_list->turnToText(beginning);
+    emit said(u"「"_s + beginning
+              + (found ? u"」へ移動しました。"_s : u"」で始まる行はありません。"_s));
+}
+
 void ListPane::refill()
 {
     if (!m_shown)
@@ -127,19 +176,36 @@ void ListPane::refill()
     }
 }
 
+bool ListPane::follow()
+{
+    if (!m_shown)
+        return true;
+    auto rows = open(m_filter, m_clicked);
+    if (!rows)
+        return false;
+    m_list->follow(std::move(rows), tableRows());
+    writeSelection();
+    return true;
+}
+
 void ListPane::clear(const QString& caption)
 {
     m_shown = false;
     m_filter = {};
     setCaption(caption);
+    showHint();
     m_list->clear();
 }
 
 bool ListPane::selectRecord(const core::RecordKey& key)
 {
+    m_wasChosen = false;
     if (!m_shown || !m_list->turnTo(key))
         return false;
-    writeSelection();
+    if (!m_wasChosen) { // it was the selected one before
+        writeSelection();
+        emit chosen(false, -1);
+    }
     return true;
 }
 
@@ -152,6 +218,20 @@ void ListPane::setMarkedColumns(int check, int label)
 {
     m_list->model().setCheckColumn(check);
     m_list->model().setEmphasis(m_parts.looks, label);
+    // What says in words what the colours say is never cut.
+    int words = 0;
+    for (const ui::Emphasis& look : std::as_const(m_parts.looks))
+        words = qMax(words, m_ui->list->fontMetrics().horizontalAdvance(look.label));
+    constexpr int Box = 40; // check box and margins
+    const int date = m_ui->list->fontMetrics().horizontalAdvance(u"2000/00/00(金)（）"_s);
+    m_widths->setLeast(label, words + date + Box);
+}
+
+void ListPane::showColumns(const QList<int>& hidden)
+{
+    for (int column = 0; column < m_description->columns.size(); ++column)
+        m_ui->list->setColumnHidden(column, hidden.contains(column));
+    m_widths->share();
 }
 
 // The page of the selected record is turned to before the rows are shown: it stays selected, and
@@ -195,8 +275,9 @@ void ListPane::writeSelection()
     m_selection->set(m_parts.number, core::RecordKey::fromText(m_ui->list->currentKey()), title);
 }
 
-void ListPane::rowChosen(int, int column, bool another)
+void ListPane::rowChosen(int row, int column, bool another)
 {
+    m_wasChosen = row >= 0;
     writeSelection();
     emit chosen(another, column);
 }
@@ -214,7 +295,7 @@ void ListPane::tick(int row, bool ticked)
         return;
     }
     for (int column = 0; column < m_description->columns.size(); ++column) {
-        const QString& field = m_description->columns.at(column).field;
+        const QString field = ownField(m_description->columns.at(column), record);
         const bool isOwn = std::ranges::any_of(
             record.fields, [&field](const auto& own) { return own.first == field; });
         if (isOwn && record.text(field) != shown.cells.value(column)) {
@@ -226,6 +307,34 @@ void ListPane::tick(int row, bool ticked)
     shown.checked = ticked;
     m_list->model().replaceRow(row, shown);
     writeSelection();
+}
+
+// Rows that are as they shall be already are left alone.
+void ListPane::tickAll(const QList<int>& rows, bool ticked)
+{
+    QList<core::RecordKey> keys;
+    for (const int row : rows) {
+        const core::ListRow shown = m_list->model().rowAt(row);
+        const core::RecordKey key = core::RecordKey::fromText(shown.key);
+        if (shown.checked != ticked && !key.isNone())
+            keys.append(key);
+    }
+    const SaveResult result =
+        writeFieldsOfAll(*m_data, *m_parts.table, keys, {{m_description->check, ticked ? 1 : 0}});
+    const QItemSelection selected = m_ui->list->selectionModel()->selection();
+    QList<std::pair<int, int>> ranges;
+    for (const QItemSelectionRange& range : selected)
+        ranges.append({range.top(), range.bottom()});
+    const int before = m_list->model().rowCount();
+    refill();
+    if (m_list->model().rowCount() == before) {
+        for (const auto& [top, bottom] : std::as_const(ranges))
+            m_ui->list->selectionModel()->select(
+                {m_list->model().index(top, 0), m_list->model().index(bottom, 0)},
+                QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
+    if (result == SaveResult::Saved)
+        emit said(QString::number(keys.size()) + u" 件の印を変えました。"_s);
 }
 
 QAbstractButton& ListPane::option()

@@ -6,6 +6,7 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 class QAbstractButton;
@@ -16,7 +17,8 @@ class list_pane;
 }
 namespace ui {
 class ListView;
-}
+class SpareWidth;
+} // namespace ui
 
 namespace records {
 
@@ -31,6 +33,10 @@ struct ListPaneParts {
     // The records whose check box is ticked here; null: the check boxes only show.
     const RecordTable* table = nullptr;
     QHash<int, ui::Emphasis> looks = {}; // by emphasis number
+    // What an empty list says: while nothing is shown, and where a filter has no rows; may be
+    // empty.
+    QString notShown = {};
+    std::function<QString(const ListFilter& filter)> noRows = {};
 };
 
 // A list of a main screen: option button, caption and counters over it, the bar that turns its
@@ -60,13 +66,17 @@ public:
     void renameFilter(const ListFilter& filter);
     // Reads the list again; page, selection and scroll position stay.
     void refill();
+    // The same, turned to where the selected record stands now; false when it cannot be read.
+    bool follow();
     // Empties the list and its counters.
     void clear(const QString& caption = {});
-    // Turns to a record and selects it; false when it is not among the rows.
+    // Turns to a record and selects it as by a key; false when it is not among the rows.
     bool selectRecord(const core::RecordKey& key);
     void forgetSelection();
     // The column that has the check boxes, and the one whose texts say what colours say.
     void setMarkedColumns(int check, int label);
+    // All columns but these.
+    void showColumns(const QList<int>& hidden);
 
     QAbstractButton& option();
     ui::ListView& view();
@@ -77,10 +87,20 @@ signals:
     // A record was chosen, by key, by a click in a column (from 0; -1: by key), or none is any
     // more. `another`: it was not the chosen one before.
     void chosen(bool another, int column);
+    // The selected record is to be deleted.
+    void deletionAsked();
+    // Something to be read in the status bar.
+    void said(const QString& text);
+    // The rows shown were counted.
+    void counted(qint64 rows);
 
 private:
+    void connectList();
     void rowChosen(int row, int column, bool another);
     void tick(int row, bool ticked);
+    void tickAll(const QList<int>& rows, bool ticked);
+    void goTo(const QString& beginning);
+    void showHint();
     void orderBy(int column);
     void showOrder();
     void showMenu(const QPoint& place);
@@ -99,6 +119,8 @@ private:
     ListFilter m_filter;
     std::optional<ListOrder> m_clicked;
     bool m_shown = false;
+    bool m_wasChosen = false; // since a record was to be selected
+    ui::SpareWidth* m_widths = nullptr;
     QList<QAction*> m_actions;
 };
 

@@ -57,6 +57,8 @@ void MainShell::assemble(const Parts& parts)
         if (chosen)
             ui::giveShare(*m_parts.listSplitter, list, LargeShare);
     });
+    for (const ListPane* const list : parts.lists)
+        connect(list, &ListPane::said, m_desk.status, &StatusLine::say);
     addKeys();
     showStatus();
 }

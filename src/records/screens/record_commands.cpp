@@ -1,10 +1,16 @@
 #include "records/screens/record_commands.h"
 
+#include "core/data/messages.h"
 #include "records/screens/selection.h"
 #include "ui/icons.h"
+#include "ui/paged_list_model.h"
 
 #include <QAction>
 #include <QToolBar>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
 
 namespace records {
 
@@ -76,24 +82,60 @@ void RecordCommands::showSelection()
     }
 }
 
-EditForm* RecordCommands::open(FormMaker form, const Opening& opening)
+QString Written::told() const
 {
-    EditForm* const opened = form(m_desk, opening, m_window);
+    constexpr int Seen = 30; // letters of a title
+    const QString what = how == How::Added ? u"追加"_s
+        : how == How::Changed              ? u"変更"_s
+                                           : u"削除"_s;
+    const QString line = ui::oneLine(title);
+    const QString shown = line.size() > Seen ? line.left(Seen) + u'…' : line;
+    return kind.name + (shown.isEmpty() ? QString() : u"「"_s + shown + u'」') + u"を"_s + what
+        + u"しました。"_s;
+}
+
+EditForm* RecordCommands::open(const RecordKind& kind, const Opening& opening)
+{
+    EditForm* const opened = kind.form(m_desk, opening, m_window);
+    const auto how =
+        opening.mode == Opening::Mode::Add ? Written::How::Added : Written::How::Changed;
+    auto deleted = std::make_shared<bool>(false);
+    connect(opened, &EditForm::removed, this, [deleted] { *deleted = true; });
+    connect(opened, &EditForm::written, this, [this, &kind, how, opened, deleted] {
+        const std::optional<Record>& saved = opened->savedRecord();
+        if (*deleted)
+            emit written({kind, Written::How::Deleted, {}, {}, m_selection.title(kind.list)});
+        else if (saved)
+            emit written({kind, how, saved->key, *saved, saved->text(kind.titleField)});
+    });
     opened->setAttribute(Qt::WA_DeleteOnClose);
     opened->open();
     return opened;
 }
 
-EditForm* RecordCommands::openRecord(FormMaker form, const RecordTable& table,
-                                     const core::RecordKey& shown, const QString& caption)
+EditForm* RecordCommands::openRecord(const RecordKind& kind, const core::RecordKey& shown,
+                                     const QString& caption)
 {
     if (shown.isNone())
         return nullptr;
-    std::optional<Record> record = readOrTell(m_desk.file, table, shown);
+    std::optional<Record> record = readOrTell(m_desk.file, kind.table, shown);
     if (!record)
         return nullptr;
     record->key = shown;
-    return open(form, {Opening::Mode::Change, caption, {}, record});
+    return open(kind, {Opening::Mode::Change, caption, {}, record});
+}
+
+void RecordCommands::removeSelected(const RecordKind& kind)
+{
+    if (!m_selection.has(kind.list))
+        return;
+    if (m_selection.count(kind.list) > 1) {
+        m_desk.file.messages.refuse(u"削除は１件ずつ行います。１件だけを選択して下さい。"_s);
+        return;
+    }
+    const QString title = m_selection.title(kind.list);
+    if (removeRecord(m_desk.file, kind.table, m_selection.key(kind.list)) == DeleteResult::Deleted)
+        emit written({kind, Written::How::Deleted, {}, {}, title});
 }
 
 } // namespace records

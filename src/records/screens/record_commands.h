@@ -26,6 +26,28 @@ EditForm* makeForm(const Desk& desk, const Opening& opening, QWidget* parent)
     return new Form(desk, opening, parent);
 }
 
+// A kind of record that a main screen shows in one of its lists and edits.
+struct RecordKind {
+    int list;           // of the selection
+    QString name;       // in messages: 顧客
+    QString titleField; // whose text stands for a record
+    const RecordTable& table;
+    FormMaker form;
+};
+
+// What was done to a record.
+struct Written {
+    enum class How { Added, Changed, Deleted };
+    const RecordKind& kind;
+    How how;
+    core::RecordKey key; // as it is now
+    Record record = {};  // of one that stands
+
+    // In a sentence: 顧客「山田」を追加しました。
+    QString told() const;
+    QString title;
+};
+
 // What a main screen offers, as a row of data. Menus and tool bar are made of it.
 struct Command {
     QString name; // of its action
@@ -58,12 +80,19 @@ public:
     void addTools(QToolBar& bar, QAction* before);
 
     // Opens a form over the main screen.
-    EditForm* open(FormMaker form, const Opening& opening);
+    EditForm* open(const RecordKind& kind, const Opening& opening);
     // Opens a form on a record as it is now, but with the key that the list showed: a change made
     // elsewhere since then is noticed when it is saved. Null when the record cannot be read; the
     // user was told.
-    EditForm* openRecord(FormMaker form, const RecordTable& table, const core::RecordKey& shown,
+    EditForm* openRecord(const RecordKind& kind, const core::RecordKey& shown,
                          const QString& caption);
+    // Deletes the selected record of a kind as its form does, with the same question and checks.
+    // Where several are selected, the user is told that one goes at a time.
+    void removeSelected(const RecordKind& kind);
+
+signals:
+    // The lists are to be read again. The kind lives as long as the commands.
+    void written(const records::Written& written);
 
 private:
     void showSelection();

@@ -33,13 +33,20 @@ SchedulePane::SchedulePane(QWidget* parent)
     m_ui->ListView8->header()->resizeSection(1, 50);
     connect(m_ui->MonthView1, &QCalendarWidget::selectionChanged, this, &SchedulePane::showDay);
     connect(m_ui->ListView8, &ui::ListView::menuRequested, this, &SchedulePane::showMenu);
+    connect(m_ui->ListView8, &ui::ListView::deletionAsked, this, &SchedulePane::deletionAsked);
+    connect(m_ui->ListView8, &ui::ListView::currentRowChanged, this, &SchedulePane::writeSelection);
+    connect(m_ui->ListView8, &ui::ListView::selectedRowsChanged, this, [this] {
+        if (m_selection)
+            m_selection->setCount(m_list, m_ui->ListView8->selectedRows());
+    });
     connect(m_ui->MonthView1, &QCalendarWidget::currentPageChanged, this, &SchedulePane::markDays);
 }
 
 SchedulePane::~SchedulePane() = default;
 
-void SchedulePane::initialize(Database& database, Selection& selection)
+void SchedulePane::initialize(Database& database, Selection& selection, int list)
 {
+    m_list = list;
     m_data = &database;
     m_selection = &selection;
     const QSignalBlocker blocker(m_ui->MonthView1);
@@ -72,6 +79,29 @@ void SchedulePane::showDay()
     m_ui->lblYoteiList->setCaption(u"予定　%1日間 %2 件（この日 %3 件）"_s.arg(DaysShown)
                                        .arg(m_model.rowCount())
                                        .arg(countScheduleEntries(*m_data, day)));
+    writeSelection();
+}
+
+void SchedulePane::writeSelection()
+{
+    const QModelIndex current = m_ui->ListView8->currentIndex();
+    if (m_selection)
+        m_selection->set(m_list, core::RecordKey::fromText(m_ui->ListView8->currentKey()),
+                         current.siblingAtColumn(2).data().toString());
+}
+
+void SchedulePane::chooseDay(QDate day)
+{
+    m_ui->MonthView1->setSelectedDate(day);
+}
+
+bool SchedulePane::selectEntry(const core::RecordKey& key)
+{
+    core::ListSource* const entries = m_model.source();
+    const qint64 place = entries ? entries->positionOf(key) : 0;
+    if (place > 0)
+        m_ui->ListView8->selectRow(static_cast<int>(place) - 1);
+    return place > 0;
 }
 
 void SchedulePane::showMenu(const QPoint& place)

@@ -21,11 +21,19 @@ public:
     core::RecordKey key(int list) const { return m_selected.value(list).key; }
     QString title(int list) const { return m_selected.value(list).title; }
     bool has(int list) const { return !key(list).isNone(); }
+    // Rows selected in a list.
+    qsizetype count(int list) const { return m_counts.value(list); }
+    bool hasOne(int list) const { return has(list) && count(list) < 2; }
     QDate day() const { return m_day; } // of the calendar
 
     void set(int list, const core::RecordKey& key, const QString& title)
     {
         m_selected.insert(list, {key, title});
+        emit changed();
+    }
+    void setCount(int list, qsizetype rows)
+    {
+        m_counts.insert(list, rows);
         emit changed();
     }
     void setDay(QDate day)
@@ -43,6 +51,7 @@ private:
         QString title;
     };
     QHash<int, Selected> m_selected;
+    QHash<int, qsizetype> m_counts;
     QDate m_day;
 };
 

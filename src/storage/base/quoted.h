@@ -12,4 +12,17 @@ inline QString quoted(QStringView text)
     return text.toString().replace(u'\'', QStringLiteral("''"));
 }
 
+// A text as Like finds it letter by letter: its wildcards mean themselves.
+inline QString likeLiteral(QStringView text)
+{
+    QString literal;
+    for (const QChar letter : text) {
+        if (letter == u'[' || letter == u'%' || letter == u'_')
+            literal += u'[' + QString(letter) + u']';
+        else
+            literal += letter;
+    }
+    return literal;
+}
+
 } // namespace storage

@@ -1,11 +1,16 @@
 #include "support/customer/screens/main_screen_test.h"
 
+#include "records/screens/edit_form.h"
 #include "ui/counters.h"
 #include "ui/list_view.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
@@ -81,6 +86,31 @@ void MainScreenTest::choose(const QStringList& path)
     tree.scrollToItem(item);
     QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(item).center());
     EXPECT_EQ(tree.currentItem(), item);
+}
+
+records::EditForm& MainScreenTest::form()
+{
+    for (records::EditForm* const each : screen->findChildren<records::EditForm*>()) {
+        if (each->isVisible())
+            return *each;
+    }
+    qFatal("no edit screen is open");
+}
+
+void MainScreenTest::save(const QList<std::pair<const char*, QString>>& texts)
+{
+    for (const auto& [name, text] : texts) {
+        if (auto* const line = form().findChild<QLineEdit*>(QLatin1String(name)))
+            line->setText(text);
+        else
+            form().findChild<QPlainTextEdit*>(QLatin1String(name))->setPlainText(text);
+    }
+    form().findChild<QPushButton*>(u"Command1"_s)->click();
+}
+
+void MainScreenTest::trigger(const char* action)
+{
+    control<QAction>(action).trigger();
 }
 
 void MainScreenTest::chooseRow(int listNumber, int row)

@@ -13,6 +13,9 @@
 class QTreeWidget;
 class QTreeWidgetItem;
 
+namespace records {
+class EditForm;
+}
 namespace ui {
 class ListView;
 }
@@ -43,6 +46,11 @@ protected:
     void expectCounters(const char* name, const QString& expected);
     // Makes the node with these captions below the root the chosen one of TreeView1.
     void choose(const QStringList& path);
+    // The edit screen that is open over the main screen; the test ends when there is none.
+    records::EditForm& form();
+    // Types into its fields, by name, and saves.
+    void save(const QList<std::pair<const char*, QString>>& texts);
+    void trigger(const char* action);
     void chooseRow(int listNumber, int row);
     void clickHeader(int listNumber, int column);
 
