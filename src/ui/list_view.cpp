@@ -3,6 +3,8 @@
 #include "ui/find_again.h"
 #include "ui/list_copy.h"
 #include "ui/paged_list_model.h"
+#include "ui/selection_colour.h"
+#include "ui/test_ids.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -31,6 +33,7 @@ ListView::ListView(QWidget* parent) : QTreeView(parent)
     setAlternatingRowColors(true);
     setTextElideMode(Qt::ElideRight);
     setWordWrap(false);
+    new SelectionColour(*this);
     header()->setSectionsClickable(true);
     header()->setHighlightSections(false);
     header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -134,7 +137,7 @@ qsizetype ListView::selectedRows() const
 void ListView::setHint(const QString& hint)
 {
     m_hint = hint;
-    setAccessibleDescription(hint);
+    describe(*this, hint);
     viewport()->update();
 }
 
@@ -165,12 +168,11 @@ bool ListView::viewportEvent(QEvent* event)
     return true;
 }
 
-// Of several lists only the one with the focus has its selection in colour.
-void ListView::initViewItemOption(QStyleOptionViewItem* option) const
+QSize ListView::minimumSizeHint() const
 {
-    QTreeView::initViewItemOption(option);
-    if (!hasFocus())
-        option->state &= ~QStyle::State_Active;
+    constexpr int Width = 120;
+    const int row = fontMetrics().height() + 4;
+    return {Width, header()->sizeHint().height() + 3 * row / 2};
 }
 
 bool ListView::toggleCheck()

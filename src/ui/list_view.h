@@ -49,6 +49,8 @@ public:
     qsizetype selectedRows() const;
     // What stands in the middle of the list while it has no rows.
     void setHint(const QString& hint);
+    // The headers and a row and a half: a window may be low.
+    QSize minimumSizeHint() const override;
 
 signals:
     // A row was double-clicked, or Enter pressed on it.
@@ -79,7 +81,6 @@ signals:
 protected:
     void paintEvent(QPaintEvent* event) override;
     bool viewportEvent(QEvent* event) override;
-    void initViewItemOption(QStyleOptionViewItem* option) const override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
     void focusInEvent(QFocusEvent* event) override;

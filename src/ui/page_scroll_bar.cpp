@@ -37,11 +37,12 @@ PageScrollBar::PageScrollBar(QWidget* parent) : QScrollBar(Qt::Horizontal, paren
 
 void PageScrollBar::setPages(qint64 page, qint64 count)
 {
-    const QSignalBlocker blocker(this);
+    QSignalBlocker blocker(this);
     setRange(1, bounded(count));
     setSingleStep(1);
     setPageStep(qMax(1, maximum() / 10));
     setValue(bounded(page));
+    blocker.unblock();
     const bool several = maximum() > 1;
     setEnabled(several);
     setVisible(several);

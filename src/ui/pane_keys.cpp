@@ -1,21 +1,32 @@
 #include "ui/pane_keys.h"
 
+#include <QAction>
 #include <QApplication>
-#include <QShortcut>
 #include <QSplitter>
 #include <QTabWidget>
 
 #include <cmath>
 #include <numeric>
 
+using namespace Qt::StringLiterals;
+
 namespace ui {
 
 PaneKeys::PaneKeys(QWidget* window, const QList<QWidget*>& panes)
     : QObject(window), m_window(window), m_panes(panes)
 {
-    connect(new QShortcut(Qt::Key_F6, window), &QShortcut::activated, this, [this] { step(1); });
-    connect(new QShortcut(Qt::SHIFT | Qt::Key_F6, window), &QShortcut::activated, this,
+    connect(addKey(u"次の欄へ(&N)"_s, Qt::Key_F6), &QAction::triggered, this, [this] { step(1); });
+    connect(addKey(u"前の欄へ(&P)"_s, Qt::SHIFT | Qt::Key_F6), &QAction::triggered, this,
             [this] { step(-1); });
+}
+
+QAction* PaneKeys::addKey(const QString& caption, const QKeySequence& key)
+{
+    auto* const action = new QAction(caption, this);
+    action->setShortcut(key);
+    m_window->addAction(action);
+    m_actions.append(action);
+    return action;
 }
 
 namespace {
@@ -34,13 +45,14 @@ void showPage(const QWidget& target)
 
 } // namespace
 
-void PaneKeys::addNumber(int number, QWidget* target)
+void PaneKeys::addNumber(int number, QWidget* target, const QString& name)
 {
     const QKeySequence keys(QKeyCombination(Qt::ControlModifier, Qt::Key(Qt::Key_0 + number)));
-    connect(new QShortcut(keys, m_window), &QShortcut::activated, target, [target] {
-        showPage(*target);
-        target->setFocus(Qt::ShortcutFocusReason);
-    });
+    connect(addKey(name + u"へ(&"_s + QString::number(number) + u')', keys), &QAction::triggered,
+            target, [target] {
+                showPage(*target);
+                target->setFocus(Qt::ShortcutFocusReason);
+            });
 }
 
 int PaneKeys::paneWithFocus() const

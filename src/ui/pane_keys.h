@@ -3,6 +3,8 @@
 #include <QList>
 #include <QObject>
 
+class QAction;
+class QKeySequence;
 class QSplitter;
 class QWidget;
 
@@ -17,15 +19,19 @@ public:
     // In the order of the walk.
     PaneKeys(QWidget* window, const QList<QWidget*>& panes);
 
-    // Ctrl+`number` gives the focus to a widget.
-    void addNumber(int number, QWidget* target);
+    // Ctrl+`number` gives the focus to a widget, which the entry calls by this name.
+    void addNumber(int number, QWidget* target, const QString& name);
+    // All of it as entries of a menu.
+    const QList<QAction*>& actions() const { return m_actions; }
 
 private:
+    QAction* addKey(const QString& caption, const QKeySequence& key);
     void step(int direction);
     int paneWithFocus() const;
 
     QWidget* m_window;
     QList<QWidget*> m_panes;
+    QList<QAction*> m_actions;
 };
 
 // Gives one part of a splitter at least this share of its length; the others share the rest as they

@@ -4,6 +4,8 @@
 #include <QEvent>
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+
 namespace ui {
 namespace {
 
@@ -25,16 +27,27 @@ public:
 private:
     static void name(QWidget& widget)
     {
-        if (!widget.objectName().isEmpty())
-            widget.setAccessibleDescription(u'#' + widget.objectName());
+        const QString told = widget.accessibleDescription();
+        describe(widget, told.startsWith(u'#') ? told.section(u' ', 1) : told);
     }
 };
 
+bool isOffered = false; // for as long as the program runs
+
 } // namespace
+
+void describe(QWidget& widget, const QString& description)
+{
+    const bool named = isOffered && !widget.objectName().isEmpty();
+    const QString id = named ? u'#' + widget.objectName() : QString();
+    const QString blank = named && !description.isEmpty() ? u" "_s : QString();
+    widget.setAccessibleDescription(id + blank + description);
+}
 
 void offerTestIds(QApplication& application)
 {
-    if (qEnvironmentVariable("CORVANE_TEST_IDS") == u"1")
+    isOffered = qEnvironmentVariable("CORVANE_TEST_IDS") == u"1";
+    if (isOffered)
         application.installEventFilter(new TestIds(&application));
 }
 

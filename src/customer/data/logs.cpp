@@ -100,7 +100,7 @@ const records::ListDescription& logList()
         .stamp = u"更新日時"_s,
         .columns = {{u"記録日"_s, u"登録日"_s, ByDay, 120},
                     {u"記録者"_s, u"記録者"_s, ByRecorder, 120},
-                    {u"ログ"_s, u"Rログ"_s, ByText}},
+                    {u"ログ"_s, u"Rログ"_s, ByText, 300, true}},
         .tieBreak = ByLogId,
         .order = settings::LogOrder,
         .descending = settings::LogDescending,

@@ -114,26 +114,24 @@ void kokyaku::Form_Load()
         return records::IndexContext{settings(), desk().file.clock.today()};
     });
     fillIndex();
-    addHelp(*m_ui->Toolbar1, m_ui->ToolHelp);
     m_commands->addTools(*m_ui->Toolbar1, m_ui->Toolbar1->actions().first());
+    assemble({{m_ui->index->tree(), &m_ui->customers->view(), m_cases->index().tree(),
+               &m_ui->cases->view(), &m_ui->logs->view(), &m_ui->files->view(),
+               m_ui->schedule->calendar(), &m_ui->schedule->view()},
+              {m_ui->customers, m_ui->cases, m_ui->logs},
+              m_ui->splitLists,
+              m_windows});
     addMenus();
-    assemble(
-        {{m_ui->index->tree(), &m_ui->customers->view(), &m_ui->cases->view(), &m_ui->logs->view(),
-          &m_ui->files->view(), m_ui->schedule->calendar(), &m_ui->schedule->view()},
-         {m_ui->customers, m_ui->cases, m_ui->logs},
-         m_ui->splitLists,
-         m_windows});
     connectLists();
     connectCommands();
     m_ui->splitDesk->setSizes({IndexWidth, width() - IndexWidth});
     m_ui->splitDesk->setStretchFactor(1, 1);
-    m_ui->splitIndex->setSizes({340, 300});
+    m_ui->splitIndex->setSizes({290, 350});
     m_ui->splitIndex->setStretchFactor(0, 1);
-    m_ui->splitLists->setSizes({225, 260, 125});
+    m_ui->splitLists->setSizes({230, 240, 170});
     restoreDesk();
     m_cases->showDateColumns();
     restoreView();
-    m_ui->customers->option().setChecked(true);
     m_ui->customers->view().setFocus();
 }
 

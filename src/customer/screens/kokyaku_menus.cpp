@@ -37,10 +37,11 @@ void kokyaku::addMenus()
         return found;
     };
     const QList<QAction*>& windows = m_windows->modeActions(); // customer, case, preview
+    const QList<QAction*> later = laterScreens();
     m_ui->customers->setActions(actions({u"MenuUserListKyakuAdd"_s, u"MenuUserListKyakuSansyoAdd"_s,
                                          u"MenuUserListKyakuEdit"_s, u"MenuUserListKyakuDelete"_s,
                                          u"MenuUserListKenAdd"_s, u"MenuKenHyouzi"_s})
-                                + QList<QAction*>{windows.at(0)} + laterScreens());
+                                + QList<QAction*>{windows.at(0)} + later);
     m_ui->cases->setActions(
         QList<QAction*>{m_commands->entryFor(u"MenuUserListKyakuAdd"_s, u"MenuKenListKokyakuAdd"_s)}
         + actions({u"MenuKenListKenAdd"_s, u"MenuKenListKenEdit"_s, u"MenuKenListRogAdd"_s,
@@ -52,9 +53,20 @@ void kokyaku::addMenus()
     m_ui->schedule->setActions(
         actions({u"MenuYoteiAdd"_s, u"MenuYoteiEdit"_s, u"MenuYoteiDelete"_s}));
 
+    addMenuBar(*m_ui->Toolbar1,
+               {actions({u"MenuUserListKyakuAdd"_s, u"MenuUserListKyakuSansyoAdd"_s,
+                         u"MenuUserListKenAdd"_s, u"MenuRogListAdd"_s, u"MenuYoteiAdd"_s})
+                    + later,
+                actions({u"MenuUserListKyakuEdit"_s, u"MenuKenListKenEdit"_s, u"MenuRogListEdit"_s,
+                         u"MenuYoteiEdit"_s}),
+                QList<QAction*>{displayMenu()->menuAction()} + windows
+                    + QList<QAction*>{m_windows->ichi()},
+                actions({u"MenuKenHyouzi"_s, u"MenuKanrneHyouzi"_s, u"MenuRogKenHyouzi"_s}),
+                m_ui->ToolHelp});
+
     auto* const display = new QToolButton(this);
     display->setObjectName(u"ToolDisplay"_s);
-    display->setText(u"表示(&V)"_s);
+    display->setText(u"表示"_s);
     display->setToolTip(u"件名の表示と、詳細・プレビューの窓を選ぶ"_s);
     display->setAccessibleName(u"表示"_s);
     display->setPopupMode(QToolButton::InstantPopup);

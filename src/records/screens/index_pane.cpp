@@ -1,5 +1,6 @@
 #include "records/screens/index_pane.h"
 
+#include "ui/selection_colour.h"
 #include "ui_index_pane.h"
 
 #include <QEvent>
@@ -35,6 +36,7 @@ QTreeWidgetItem* childNamed(QTreeWidgetItem* parent, const QString& caption)
 IndexPane::IndexPane(QWidget* parent) : QWidget(parent), m_ui(std::make_unique<Ui::index_pane>())
 {
     m_ui->setupUi(this);
+    new ui::SelectionColour(*m_ui->tree);
     connect(m_ui->tree, &QTreeWidget::currentItemChanged, this, &IndexPane::choose);
     // Clicking the node that is chosen already runs its search again.
     m_ui->tree->viewport()->installEventFilter(this);
@@ -177,17 +179,26 @@ void IndexPane::goBack()
     mark(m_shown);
 }
 
+// The nodes may be made anew while the menu stands: each entry finds its own by its place.
 void IndexPane::addTo(QMenu& menu)
 {
+    QList<QAction*> entries;
     for (int i = 0; i < m_ui->tree->topLevelItemCount(); ++i) {
-        QTreeWidgetItem* const item = m_ui->tree->topLevelItem(i);
-        menu.addAction(item->text(0), this, [this, item] {
-            if (item == m_ui->tree->currentItem())
+        entries.append(menu.addAction(m_ui->tree->topLevelItem(i)->text(0), this, [this, i] {
+            QTreeWidgetItem* const item = m_ui->tree->topLevelItem(i);
+            if (item && item == m_ui->tree->currentItem())
                 choose(item);
-            else
+            else if (item)
                 m_ui->tree->setCurrentItem(item);
-        });
+        }));
+        entries.last()->setCheckable(true);
     }
+    connect(&menu, &QMenu::aboutToShow, this, [this, entries] {
+        for (int i = 0; i < entries.size(); ++i) {
+            const QTreeWidgetItem* const item = m_ui->tree->topLevelItem(i);
+            entries.at(i)->setChecked(item && item == m_ui->tree->currentItem());
+        }
+    });
 }
 
 bool IndexPane::eventFilter(QObject* watched, QEvent* event)

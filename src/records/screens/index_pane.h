@@ -44,7 +44,7 @@ public:
     void markNone();
     // What was chosen last could not be shown: the node before it is marked again.
     void goBack();
-    // The nodes as entries of a menu.
+    // The nodes as entries of a menu, the chosen one marked.
     void addTo(QMenu& menu);
 
     QTreeWidget* tree();

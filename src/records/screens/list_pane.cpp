@@ -49,6 +49,7 @@ void ListPane::initialize(Database& database, const ListDescription& list, const
     m_selection = &selection;
     m_parts = parts;
     m_ui->list->setObjectName(parts.list);
+    m_ui->sides->setObjectName(parts.list + u"Sides"_s);
     m_ui->list->setAccessibleName(parts.title + u"リスト"_s);
     m_ui->pages->setObjectName(parts.pages);
     m_ui->pages->setAccessibleName(parts.title + u"リストのページ"_s);
@@ -80,7 +81,11 @@ void ListPane::initialize(Database& database, const ListDescription& list, const
 
 void ListPane::connectList()
 {
-    connect(m_ui->pages, &ui::PageScrollBar::placeChanged, m_ui->place, &QLabel::setText);
+    connect(m_ui->pages, &ui::PageScrollBar::placeChanged, this, [this](const QString& place) {
+        m_ui->place->setText(place);
+        m_ui->place->setVisible(!place.isEmpty());
+    });
+    m_ui->place->setVisible(false);
     connect(m_list.get(), &ui::PagedList::counted, this,
             [this] { emit counted(m_list->model().source()->total()); });
     connect(&m_list->model(), &ui::PagedListModel::checksRequested, this, &ListPane::tickAll);

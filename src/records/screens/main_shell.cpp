@@ -1,37 +1,32 @@
 #include "records/screens/main_shell.h"
 
 #include "core/data/messages.h"
-#include "core/data/opener.h"
-#include "core/data/shared.h"
+#include "records/screens/enlarging.h"
 #include "records/screens/floating_windows.h"
 #include "records/screens/list_pane.h"
 #include "records/screens/status_line.h"
-#include "ui/icons.h"
 #include "ui/list_view.h"
 #include "ui/pane_keys.h"
 #include "ui/user_settings.h"
 #include "ui/window_placement.h"
 
 #include <QAbstractButton>
-#include <QAction>
-#include <QButtonGroup>
 #include <QCloseEvent>
 #include <QCryptographicHash>
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
-#include <QShortcut>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QToolBar>
 
 using namespace Qt::StringLiterals;
 
 namespace records {
 namespace {
 
-constexpr QSize FirstSize(1280, 700);
-constexpr double LargeShare = 0.55; // of the height, for the list that was chosen to be large
+constexpr QSize FirstSize(1360, 860);
+constexpr QSize FrameAround(8, 40); // of a window, title bar included
 
 Desk withStatus(Desk desk, QWidget* shell)
 {
@@ -44,49 +39,38 @@ Desk withStatus(Desk desk, QWidget* shell)
 MainShell::MainShell(const Desk& desk, QWidget* parent)
     : QMainWindow(parent), m_desk(withStatus(desk, this)), m_settings(readSettings(desk.file))
 {
-    resize(FirstSize);
+    const QSize room = screen()->availableSize() - FrameAround;
+    resize(FirstSize.boundedTo(room));
 }
 
 void MainShell::assemble(const Parts& parts)
 {
     m_parts = parts;
-    auto* const options = new QButtonGroup(this);
-    for (qsizetype i = 0; i < parts.lists.size(); ++i)
-        options->addButton(&parts.lists.at(i)->option(), static_cast<int>(i));
-    connect(options, &QButtonGroup::idToggled, this, [this](int list, bool chosen) {
-        if (chosen)
-            ui::giveShare(*m_parts.listSplitter, list, LargeShare);
-    });
+    QList<QAbstractButton*> options;
+    for (ListPane* const list : parts.lists)
+        options.append(&list->option());
+    m_enlarging = new Enlarging(*parts.listSplitter, options, this);
     for (const ListPane* const list : parts.lists)
         connect(list, &ListPane::said, m_desk.status, &StatusLine::say);
     addKeys();
     showStatus();
 }
 
-void MainShell::addHelp(QToolBar& bar, QAction* help)
-{
-    help->setIcon(ui::icon(u"help"_s));
-    bar.widgetForAction(help)->setFocusPolicy(Qt::TabFocus);
-    connect(help, &QAction::triggered, this, [this] {
-        if (!m_desk.opener.openHelp(m_desk.shared.HelpFilePath))
-            m_desk.shared.messages.refuse(u"ヘルプを開けませんでした。"_s);
-    });
-}
-
 void MainShell::addKeys()
 {
     auto* const keys = new ui::PaneKeys(this, m_parts.panes);
     for (qsizetype i = 0; i < m_parts.lists.size(); ++i)
-        keys->addNumber(static_cast<int>(i) + 1, &m_parts.lists.at(i)->view());
-    connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, &QWidget::close);
+        keys->addNumber(static_cast<int>(i) + 1, &m_parts.lists.at(i)->view(),
+                        m_parts.lists.at(i)->option().text());
+    m_goActions = keys->actions();
     // Into the details and back; the key works in the window over this one too.
-    connect(new QShortcut(Qt::CTRL | Qt::Key_I, this), &QShortcut::activated, this, [this] {
-        if (isActiveWindow())
-            m_parts.windows->activateDetail();
-        else
-            activateWindow();
-    });
-    connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this, &MainShell::refreshAll);
+    m_goActions.append(
+        shellAction(u"MenuDetail"_s, u"詳細へ・詳細から戻る(&I)"_s, Qt::CTRL | Qt::Key_I, [this] {
+            if (isActiveWindow())
+                m_parts.windows->activateDetail();
+            else
+                activateWindow();
+        }));
 }
 
 void MainShell::showStatus()
@@ -101,6 +85,7 @@ void MainShell::showStatus()
     statusBar()->addWidget(name);
     statusBar()->addWidget(m_desk.status, 1);
     addAction(m_desk.status->goOn());
+    setWindowTitle(name->text() + u" - "_s + QString::fromUtf16(core::AppTitleText));
     statusBar()->addPermanentWidget(sharing);
 }
 
@@ -111,6 +96,7 @@ void MainShell::restoreDesk()
         ui::restoreSplitter(*splitter, m_desk.userSettings);
     for (ui::ListView* const list : findChildren<ui::ListView*>())
         ui::restoreHeader(*list->header(), m_desk.userSettings);
+    m_enlarging->restore(objectName() + u"/large"_s, m_desk.userSettings);
 }
 
 void MainShell::saveDesk() const
@@ -120,6 +106,7 @@ void MainShell::saveDesk() const
         ui::saveSplitter(*splitter, m_desk.userSettings);
     for (const ui::ListView* const list : findChildren<ui::ListView*>())
         ui::saveHeader(*list->header(), m_desk.userSettings);
+    m_enlarging->save(objectName() + u"/large"_s, m_desk.userSettings);
 }
 
 // Files are told apart by where they lie, whatever that holds.

@@ -6,13 +6,16 @@
 
 #include <QMainWindow>
 
+#include <functional>
+
 class QAction;
-class QButtonGroup;
+class QMenu;
 class QSplitter;
 class QToolBar;
 
 namespace records {
 
+class Enlarging;
 class FloatingWindows;
 class IndexPane;
 class ListPane;
@@ -48,8 +51,13 @@ protected:
         FloatingWindows* windows = nullptr;
     };
     void assemble(const Parts& parts);
-    // The button that shows the help.
-    void addHelp(QToolBar& bar, QAction* help);
+    // What the menus hold besides what every main screen has.
+    struct Menus {
+        QList<QAction*> data, edit, view, go;
+        QAction* help = nullptr; // shows the help; a button of the tool bar too
+    };
+    // The menu bar; to be called after assemble().
+    void addMenuBar(QToolBar& bar, const Menus& menus);
 
     // Sizes and columns as the user left them; before that, as they are.
     void restoreDesk();
@@ -65,9 +73,16 @@ protected:
     virtual void Form_Unload() = 0;
 
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void addKeys();
+    void addCommon(QMenu& menu, const QList<QAction*>& own);
+    void addHelp(QToolBar& bar, QMenu& menu, QAction* help);
+    QAction* shellAction(const QString& name, const QString& caption, const QKeySequence& key,
+                         const std::function<void()>& run);
+    QAction* toolBarWords(QToolBar& bar);
+    void showWords();
     void showStatus();
     void saveDesk() const;
     QString keptName(const QString& name) const;
@@ -76,6 +91,10 @@ private:
     Settings m_settings;
     Selection m_selection;
     Parts m_parts;
+    QToolBar* m_bar = nullptr;
+    QAction* m_words = nullptr; // of the tool bar
+    Enlarging* m_enlarging = nullptr;
+    QList<QAction*> m_goActions; // to panes and pages
 };
 
 } // namespace records

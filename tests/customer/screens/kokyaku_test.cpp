@@ -34,7 +34,7 @@ protected:
 TEST_F(KokyakuTest, OpensOnAllCustomersInKanaOrder)
 {
     openScreen();
-    EXPECT_EQ(screen->windowTitle(), u"コルヴァン３"_s);
+    EXPECT_EQ(screen->windowTitle(), u"見本 - コルヴァン３"_s);
     EXPECT_EQ(cells(1, 0), QStringList({u"XYZ 商会"_s, u"赤木商店"_s, u"加藤 花子"_s, u"木村"_s}));
     EXPECT_EQ(caption("lblKokya"), u"顧客管理"_s);
     expectCounters("cntKokya", u"合計:4 現在:0 最大:4"_s);
@@ -265,7 +265,7 @@ TEST_F(KokyakuTest, KeysWalkThroughThePanes)
     openScreen();
     auto* const tree = &control<QTreeWidget>("TreeView1");
     tree->setFocus();
-    const QList<QWidget*> walk{&list(1), &list(2), &list(3)};
+    const QList<QWidget*> walk{&list(1), &control<QTreeWidget>("TreeView2"), &list(2), &list(3)};
     for (QWidget* const pane : walk) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6);
         EXPECT_EQ(QApplication::focusWidget(), pane);
@@ -276,25 +276,6 @@ TEST_F(KokyakuTest, KeysWalkThroughThePanes)
     EXPECT_EQ(QApplication::focusWidget(), &list(1));
     QTest::keyClick(screen.get(), Qt::Key_F1);
     EXPECT_EQ(opener.opened, QStringList({shared.HelpFilePath}));
-}
-
-TEST_F(KokyakuTest, ClosingLetsGoOfTheFileAndRemembersTheDesk)
-{
-    openScreen(storage::Mode::ReadWrite);
-    control<QRadioButton>("optRog").click();
-    const QList<int> sizes = control<QSplitter>("splitLists").sizes();
-    EXPECT_GT(sizes.at(2), sizes.at(0));
-    QSignalSpy closed(screen.get(), &customer::kokyaku::closed);
-    closeScreen();
-    EXPECT_EQ(closed.count(), 1);
-    EXPECT_EQ(shared.CustomerDataPath, QString());
-
-    customer::CloseCustomerFile(file);
-    openScreen(storage::Mode::ShareExclusive);
-    EXPECT_EQ(control<QLabel>("StatusMode").text(), u"他接続不可"_s);
-    EXPECT_FALSE(open());
-    EXPECT_EQ(messages.takeBoxes().size(), 1);
-    takeErrors();
 }
 
 } // namespace

@@ -6,6 +6,9 @@
 
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QSignalSpy>
+#include <QSplitter>
 
 using namespace Qt::StringLiterals;
 
@@ -101,6 +104,41 @@ TEST_F(KokyakuWindowsTest, TheLogTabOfTheDetailsFollowsTheCase)
     chooseRow(1, 1);
     EXPECT_TRUE(shown(u"件名が選択されていません。"_s, {}))
         << "nothing of the other customer stays";
+}
+
+// On a low screen at a large scale, with a title bar of 30 pixels.
+TEST_F(KokyakuWindowsTest, FitsASmallScreen)
+{
+    openScreen();
+    screen->resize(900, 410);
+    EXPECT_EQ(screen->size(), QSize(900, 410));
+    EXPECT_LE(screen->minimumSizeHint().height(), 410);
+}
+
+TEST_F(KokyakuWindowsTest, ClosingLetsGoOfTheFileAndRemembersTheDesk)
+{
+    openScreen(storage::Mode::ReadWrite);
+    const auto sizes = [this] { return control<QSplitter>("splitLists").sizes(); };
+    const QList<int> before = sizes();
+    control<QRadioButton>("optRog").click();
+    QCoreApplication::processEvents();
+    const QList<int> large = sizes();
+    EXPECT_GT(large.at(2), large.at(0));
+    QSignalSpy closed(screen.get(), &customer::kokyaku::closed);
+    closeScreen();
+    EXPECT_EQ(closed.count(), 1);
+    EXPECT_EQ(shared.CustomerDataPath, QString());
+
+    customer::CloseCustomerFile(file);
+    openScreen(storage::Mode::ShareExclusive);
+    EXPECT_EQ(control<QLabel>("StatusMode").text(), u"他接続不可"_s);
+    EXPECT_EQ(sizes(), large);
+    control<QRadioButton>("optRog").click(); // the second press gives the former sizes back
+    EXPECT_EQ(sizes(), before);
+    EXPECT_FALSE(control<QRadioButton>("optRog").isChecked());
+    EXPECT_FALSE(open());
+    EXPECT_EQ(messages.takeBoxes().size(), 1);
+    takeErrors();
 }
 
 } // namespace
