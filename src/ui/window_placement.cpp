@@ -27,6 +27,7 @@ QString headerName(const QHeaderView& header)
 void restoreWindow(QWidget& window, const UserSettings& settings)
 {
     window.restoreGeometry(settings.value(window.objectName() + u"/window"_s));
+    window.resize(window.size().boundedTo(roomFor(window)));
 }
 
 void saveWindow(const QWidget& window, UserSettings& settings)
@@ -58,6 +59,12 @@ QRect areaFor(const QWidget& window, const QRect& kept)
 {
     const QScreen* const there = QGuiApplication::screenAt(kept.center());
     return (there ? there : window.screen())->availableGeometry();
+}
+
+QSize roomFor(const QWidget& window)
+{
+    constexpr QSize Frame(8, 40); // title bar included
+    return window.screen()->availableSize() - Frame;
 }
 
 QRect fitInto(const QRect& area, QRect rectangle)

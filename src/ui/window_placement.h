@@ -22,6 +22,8 @@ void saveHeader(const QHeaderView& header, UserSettings& settings);
 
 // The room on the screen that a kept place lies on; on the window's own where that is gone.
 QRect areaFor(const QWidget& window, const QRect& kept);
+// The size that a window can have on its screen, its frame with it.
+QSize roomFor(const QWidget& window);
 // The rectangle moved, and shrunk if need be, so that all of it can be seen in `area`.
 QRect fitInto(const QRect& area, QRect rectangle);
 

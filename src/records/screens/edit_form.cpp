@@ -2,6 +2,8 @@
 
 #include "core/data/messages.h"
 #include "records/screens/drafts.h"
+#include "ui/scrolling_body.h"
+#include "ui/window_placement.h"
 
 #include <QCheckBox>
 #include <QPushButton>
@@ -59,6 +61,8 @@ void EditForm::initialize(const Controls& controls, const QString& name)
         m_fields.fill(m_opening.record->fields);
     m_filled = m_fields.values();
     m_shown = state();
+    ui::scrollBody(*this);
+    ui::restoreWindow(*this, m_desk.userSettings);
     m_controls.first->setFocus();
     offerDraft(draftName());
     if (isAdding() && !isChanged())
@@ -224,6 +228,7 @@ void EditForm::done(int result)
         m_desk.drafts.keep(orphanedDraft(), state());
     else if (isChanged())
         m_desk.drafts.keep(draftName(), state().changedFrom(m_shown));
+    ui::saveWindow(*this, m_desk.userSettings);
     QDialog::done(result);
     // After a message box the window system may have forgotten which window was used before.
     if (parentWidget())

@@ -115,13 +115,14 @@ const IndexNode& IndexPane::nodeOf(const QTreeWidgetItem* item) const
     return m_nodes.at(item->data(0, NodeNumber).toInt());
 }
 
+// Of what is shown: a folder that shows nothing may be the current one.
 int IndexPane::chosenNumber() const
 {
+    const QTreeWidgetItem* const root =
+        m_ui->tree->topLevelItemCount() == 1 ? m_ui->tree->topLevelItem(0) : nullptr;
     int number = 0;
-    for (const QTreeWidgetItem* item = m_ui->tree->currentItem(); item; item = item->parent()) {
-        const bool isDeep = item->parent() && item->parent()->parent();
-        number += nodeOf(item).number * (isDeep ? NextLevel : 1);
-    }
+    for (const QTreeWidgetItem* item = m_shown; item && item != root; item = item->parent())
+        number = number * NextLevel + nodeOf(item).number;
     return number;
 }
 

@@ -16,7 +16,6 @@
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QLabel>
-#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 
@@ -26,7 +25,6 @@ namespace records {
 namespace {
 
 constexpr QSize FirstSize(1360, 860);
-constexpr QSize FrameAround(8, 40); // of a window, title bar included
 
 Desk withStatus(Desk desk, QWidget* shell)
 {
@@ -39,8 +37,7 @@ Desk withStatus(Desk desk, QWidget* shell)
 MainShell::MainShell(const Desk& desk, QWidget* parent)
     : QMainWindow(parent), m_desk(withStatus(desk, this)), m_settings(readSettings(desk.file))
 {
-    const QSize room = screen()->availableSize() - FrameAround;
-    resize(FirstSize.boundedTo(room));
+    resize(FirstSize.boundedTo(ui::roomFor(*this)));
 }
 
 void MainShell::assemble(const Parts& parts)

@@ -59,6 +59,7 @@ void RelatedFilesList::showOwner(const core::RecordKey& owner)
 {
     m_owner = owner;
     m_remove.setEnabled(false);
+    m_list.setHint(owner.isNone() ? m_noOwner : u"ここへファイルをドラッグすると登録されます。"_s);
     if (owner.isNone())
         m_list.fill(nullptr);
     else

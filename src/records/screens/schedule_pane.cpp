@@ -5,6 +5,7 @@
 #include "records/screens/selection.h"
 #include "text/holidays.h"
 #include "ui/list_view.h"
+#include "ui/spare_width.h"
 #include "ui_schedule_pane.h"
 
 #include <QHeaderView>
@@ -28,6 +29,8 @@ SchedulePane::SchedulePane(QWidget* parent)
 {
     m_ui->setupUi(this);
     m_ui->ListView8->setListModel(&m_model);
+    m_ui->ListView8->setHint(u"予定はありません。Ctrl+Y で追加します。"_s);
+    new ui::SpareWidth(*m_ui->ListView8, {2});
     m_ui->ListView8->header()->setSectionsClickable(false);
     m_ui->ListView8->header()->resizeSection(0, 115);
     m_ui->ListView8->header()->resizeSection(1, 50);
