@@ -1,5 +1,9 @@
 #include "storage/row_finder.h"
 
+#include "storage/rows_around.h"
+
+#include <limits>
+
 namespace storage {
 
 using namespace Qt::StringLiterals;
@@ -15,10 +19,16 @@ constexpr qint64 LookedAt = 6000;
 // From here on a page costs so much that all rows are found when the second one is turned to.
 constexpr qint64 Far = 4000;
 constexpr qint64 Unlimited = 0;
+constexpr qint64 AllRows = std::numeric_limits<qint64>::max();
+// Rows behind a far page that are found with it, for whoever turns on from there.
+constexpr qint64 Ahead = 4000;
 // Of a table's rows, the part up to which sorting the found ones is quicker than walking all.
 // (To sort a row, it is read and its key made; walking reads an index alone.)
 constexpr qint64 SortedPart = 12;
 constexpr qint64 SortedPartOfGroups = 4;
+// Rows that a search looks at to tell about how many it will find. (Where it has no order to
+// follow, they are about twice as many as its limit of work says.)
+constexpr qint64 Sample = 4000;
 // Of a table's rows, the part up to which they are counted to tell how far apart they lie.
 constexpr qint64 CountedPart = 4;
 // The same where an index orders groups of rows, and the part that may then be looked at.
@@ -59,14 +69,18 @@ RowFinder::Outcome RowFinder::walk(const sql::Emitted& statement, qsizetype widt
 
 bool RowFinder::find(qint64 position, qint64 count)
 {
-    const bool isThere = m_rows.holds(position) && m_rows.end() >= position + count;
+    const bool isThere =
+        m_rows.holds(position) && (m_rows.end() >= position + count || m_rows.end() == m_total);
     if (m_complete || isThere || (m_total >= 0 && position >= m_total))
         return true;
     const bool walks = wayInOrder() != nullptr;
     const bool filters = filtersOnTheWay();
     const bool far = position >= Far;
     // The second page that is far from the beginning finds them all.
-    if (!walks || (far && (filters || std::exchange(m_turnedFar, true))))
+    const bool farAgain = far && std::exchange(m_turnedFar, true);
+    if (walks && far && filters && !farAgain && !m_finding.searches)
+        return findUpTo(position + count + Ahead);
+    if (!walks || (far && (filters || farAgain)))
         return findAll();
     if (filters && (isFew() || isFarOnTheWay(position, count)))
         return findAll();
@@ -209,6 +223,12 @@ RowFinder::Outcome RowFinder::findOnTheWay(qint64 position, qint64 count)
 
 bool RowFinder::findAll()
 {
+    return findUpTo(AllRows);
+}
+
+// As many of the rows, from the first one on; all of them where fewer are not found sooner.
+bool RowFinder::findUpTo(qint64 end)
+{
     if (m_complete)
         return true;
     m_rows.start(0);
@@ -217,15 +237,13 @@ bool RowFinder::findAll()
     const sql::Emitted& own = comesInOrder ? *m_inOrder
         : hasOwnOrder                      ? m_finding.inOrder
                                            : m_finding.asTheyLie;
-    // One statement does it where its rows come in order, or where there is nothing else to walk.
+    // One statement does it where its rows come in order, where there is nothing else to walk, and
+    // where there are few to be sorted.
     if (!m_finding.filtered || !m_finding.ordered
-        || (hasOwnOrder && (comesInOrder || m_session.wayOf(m_finding.unfiltered) == Way::Sorts))) {
-        const auto keep = [this](std::span<const qint64> row) {
-            m_rows.add(row);
-            return true;
-        };
-        return walk(own, m_rows.width(), Unlimited, keep) == Outcome::Done && finish();
-    }
+        || (hasOwnOrder && (comesInOrder || m_session.wayOf(m_finding.unfiltered) == Way::Sorts)))
+        return keepAll(own);
+    if (hasOwnOrder && (isFew() || (m_finding.searches && findsFew())))
+        return keepAll(m_finding.sorted);
     // A condition on one table alone needs no look at the others.
     const bool byOneTable = m_finding.filter && m_finding.filter->whole;
     const qsizetype width = byOneTable ? 1 : m_rows.width();
@@ -237,13 +255,40 @@ bool RowFinder::findAll()
                                  });
     if (outcome != Outcome::Done)
         return false;
+    if (found.count() <= mostSorted())
+        return sortFound(found, byOneTable ? 0 : m_finding.listedSource);
+    return walkInOrder(std::move(found),
+                       byOneTable ? std::optional(m_finding.filter->source) : std::nullopt, end);
+}
+
+// All rows as a statement gives them.
+bool RowFinder::keepAll(const sql::Emitted& statement)
+{
+    const auto keep = [this](std::span<const qint64> row) {
+        m_rows.add(row);
+        return true;
+    };
+    return walk(statement, m_rows.width(), Unlimited, keep) == Outcome::Done && finish();
+}
+
+// How many found rows are sorted rather than put in their places by a walk over all.
+qint64 RowFinder::mostSorted()
+{
     const qint64 part =
         m_session.wayOf(m_finding.unfiltered) == Way::WalksGroups ? SortedPartOfGroups : SortedPart;
-    const bool done = found.count() <= std::max(Few, tableRows() / part)
-        ? sortFound(found, byOneTable ? 0 : m_finding.listedSource)
-        : walkInOrder(std::move(found),
-                      byOneTable ? std::optional(m_finding.filter->source) : std::nullopt);
-    return done && finish();
+    return std::max(Few, tableRows() / part);
+}
+
+// Whether a search will find no more rows than are sorted, as far as the first rows tell.
+bool RowFinder::findsFew()
+{
+    qint64 found = 0;
+    const Outcome outcome =
+        walk(m_finding.asTheyLie, 1, Sample / 2, [&found](std::span<const qint64>) {
+            ++found;
+            return true;
+        });
+    return outcome == Outcome::Done || found * tableRows() / Sample <= mostSorted();
 }
 
 bool RowFinder::finish()
@@ -258,27 +303,24 @@ bool RowFinder::sortFound(const AddressSet& found, qsizetype source)
 {
     sql::Emitted rows = m_finding.listed;
     rows.parameters.last() = Value(found.list(source));
-    return walk(rows, m_rows.width(), Unlimited,
-                [this](std::span<const qint64> row) {
-                    m_rows.add(row);
-                    return true;
-                })
-        == Outcome::Done;
+    return keepAll(rows);
 }
 
-// `source`: the only table whose addresses were found; nothing for all.
-bool RowFinder::walkInOrder(AddressSet found, std::optional<qsizetype> source)
+// `source`: the only table whose addresses were found; nothing for all. `end`: how many rows will
+// do.
+bool RowFinder::walkInOrder(AddressSet found, std::optional<qsizetype> source, qint64 end)
 {
     found.sort();
-    return walk(m_finding.unfiltered, m_rows.width(), Unlimited,
-                [&](std::span<const qint64> row) {
-                    const auto asked =
-                        source ? row.subspan(static_cast<std::size_t>(*source), 1) : row;
-                    if (found.contains(asked))
-                        m_rows.add(row);
-                    return true;
-                })
-        == Outcome::Done;
+    const Outcome outcome =
+        walk(m_finding.unfiltered, m_rows.width(), Unlimited, [&](std::span<const qint64> row) {
+            const auto asked = source ? row.subspan(static_cast<std::size_t>(*source), 1) : row;
+            if (found.contains(asked))
+                m_rows.add(row);
+            return m_rows.count() < end;
+        });
+    if (outcome != Outcome::Done)
+        return false;
+    return m_rows.count() >= end || finish();
 }
 
 std::optional<qint64> RowFinder::findRow(qsizetype source, qint64 address, qint64 window)
@@ -286,6 +328,10 @@ std::optional<qint64> RowFinder::findRow(qsizetype source, qint64 address, qint6
     const qint64 known = m_rows.find(source, address);
     if (known >= 0 || m_complete)
         return known;
+    if (m_finding.place && wayInOrder() && m_way == Way::WalksAll) {
+        if (const auto position = findByCounting(address, window))
+            return position;
+    }
     if (!find(0, 1))
         return std::nullopt;
     // The rows that an index leads to are all found as soon as the way to one of them.
@@ -312,6 +358,22 @@ std::optional<qint64> RowFinder::findRow(qsizetype source, qint64 address, qint6
     if (!findAll())
         return std::nullopt;
     return m_rows.find(source, address);
+}
+
+// The rows beside the one that was looked for are kept, for they are asked for next.
+std::optional<qint64> RowFinder::findByCounting(qint64 address, qint64 window)
+{
+    const auto around = rowsAround(m_session, *m_finding.place, address, window);
+    if (!around)
+        return std::nullopt;
+    if (!around->exists)
+        return -1;
+    m_rows.start(around->first);
+    m_rows.add(around->addresses);
+    if (around->reachesEnd)
+        m_total = m_rows.end();
+    m_complete = m_rows.first() == 0 && m_rows.end() == m_total;
+    return around->position;
 }
 
 void RowFinder::remove(qint64 position)

@@ -57,14 +57,19 @@ private:
     bool goesBeyond(qint64 rows);
     std::optional<qint64> countFiltered(qint64 atMost);
     bool isFew();
+    bool findsFew();
+    qint64 mostSorted();
     bool isFarOnTheWay(qint64 position, qint64 count);
     qint64 tableRows();
     // The statement that is read in order without sorting; null when there is none.
     const sql::Emitted* wayInOrder();
     bool filtersOnTheWay() const;
     Outcome findOnTheWay(qint64 position, qint64 count);
+    bool keepAll(const sql::Emitted& statement);
+    std::optional<qint64> findByCounting(qint64 address, qint64 window);
     bool sortFound(const AddressSet& found, qsizetype source);
-    bool walkInOrder(AddressSet found, std::optional<qsizetype> source);
+    bool walkInOrder(AddressSet found, std::optional<qsizetype> source, qint64 end);
+    bool findUpTo(qint64 end);
     bool finish();
 
     engine::Session& m_session;

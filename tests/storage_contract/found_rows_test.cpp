@@ -103,6 +103,10 @@ TEST_F(FoundRows, TellWhereARowStands)
     const QString list = u"SELECT 番号, 名称 FROM 品目 "_s;
     const QString statements[] = {
         list + u"ORDER BY 名称, 番号"_s,
+        list + u"ORDER BY 名称 DESC, 番号"_s,
+        list + u"ORDER BY ﾒｰｶｰ, 数量"_s,
+        list + u"ORDER BY ﾒｰｶｰ DESC, 数量 DESC"_s,
+        list + u"ORDER BY ﾒｰｶｰ"_s,
         list + u"WHERE ﾒｰｶｰ = '乙' ORDER BY 名称 DESC, 番号"_s,
         list + u"WHERE 数量 > 2500 ORDER BY 名称, 番号"_s,
         list + u"WHERE 数量 > 8900 ORDER BY 名称, 番号"_s,
@@ -111,13 +115,16 @@ TEST_F(FoundRows, TellWhereARowStands)
         u"SELECT 品目.番号, 控え.内容 FROM 品目 INNER JOIN 控え ON 控え.数 = 品目.数量 ORDER BY 品目.名称, 品目.番号"_s,
         list + u"WHERE 数量 < 40 UNION "_s + list + u"WHERE 数量 > 8000 ORDER BY 名称"_s,
     };
+    // Null stands before all values, and behind them when descending.
+    execute(u"UPDATE 品目 SET ﾒｰｶｰ = Null, 名称 = Null WHERE 数量 < 150 OR 数量 > 8950"_s);
     for (const QString& statement : statements) {
         SCOPED_TRACE(statement.toStdString());
         QStringList all;
         for (const QString& row : rows(statement))
             all += row.section(u'|', 0, 0);
         ASSERT_FALSE(all.isEmpty());
-        for (const qint64 place : {qint64{1}, all.size() / 2 + 1, qint64{all.size()}}) {
+        for (const qint64 place :
+             {qint64{1}, all.size() / 9, all.size() / 2 + 1, all.size() - 10, qint64{all.size()}}) {
             Recordset found;
             found.setPageSize(100);
             ASSERT_TRUE(found.open(statement, connection));

@@ -62,6 +62,7 @@ private:
     void emitListed(const bound::Select& select, Finding* result);
     void emitFilter(const bound::SelectPart& part, Finding* result);
     void emitWholeTable(const bound::Select& select, Finding* result);
+    void emitPlace(const bound::Select& select, Finding* result);
 
     // emit_expression.cpp
     QString value(const bound::Expression& expression);

@@ -81,6 +81,19 @@ std::optional<bound::Select> ownRows(const bound::Select& select)
     return rows;
 }
 
+// The source of the first column that the rows are ordered by.
+qsizetype orderedSource(const bound::Select& select)
+{
+    const bound::SelectPart& part = select.parts.front();
+    for (const bound::OrderTerm& term : select.order) {
+        const Expression& ordered =
+            term.output ? *part.outputs[*term.output].expression : *term.expression;
+        if (const auto* column = std::get_if<bound::Column>(&ordered.node))
+            return column->source;
+    }
+    return 0;
+}
+
 } // namespace
 
 QString Emitter::addresses(const bound::SelectPart& part)
@@ -165,6 +178,29 @@ void Emitter::emitWholeTable(const bound::Select& select, Finding* result)
     result->stretch = finished(text);
 }
 
+// Not where a term needs a value of its own: it would have a number in each text.
+void Emitter::emitPlace(const bound::Select& select, Finding* result)
+{
+    const bound::SelectPart& part = select.parts.front();
+    if (part.sources.size() > 1 || result->filtered || select.order.empty())
+        return;
+    Finding::Place place;
+    for (const bound::OrderTerm& term : select.order) {
+        const Expression& ordered =
+            term.output ? *part.outputs[*term.output].expression : *term.expression;
+        if (!std::holds_alternative<bound::Column>(ordered.node))
+            return;
+        const QString text = value(ordered);
+        place.terms.append(
+            {ordered.type == bound::Type::Text ? this->ordered(text, bound::isDay(ordered)) : text,
+             term.descending});
+    }
+    const bound::Source& source = part.sources.front();
+    place.address = m_dialect.rowAddress(*source.table, m_dialect.name(source.name));
+    place.from = u" FROM "_s + from(*part.from);
+    result->place = std::move(place);
+}
+
 // The rows in order and without: each text has its parameters for itself.
 void Emitter::emitWays(const bound::Select& select, Finding* result)
 {
@@ -178,13 +214,16 @@ void Emitter::emitWays(const bound::Select& select, Finding* result)
     result->onTheWay = finished(found + u" FROM "_s + from(*part.from) + unindexedWhere(part)
                                 + order(select, false));
     result->asTheyLie = finished(found + fromWhere(part));
+    result->sorted = finished(found + fromWhere(part) + order(select, false, true));
     QStringList columns = outputs(part, false);
     if (part.sources.size() == 1)
         columns += m_dialect.rowAddress(*part.sources.front().table, QString());
     result->rowsOnTheWay =
         finished(u"SELECT "_s + columns.join(u", "_s) + u" FROM "_s + from(*part.from)
                  + unindexedWhere(part) + order(select, false));
+    result->listedSource = orderedSource(select);
     emitFilter(part, result);
+    emitPlace(select, result);
 }
 
 void Emitter::emitListed(const bound::Select& select, Finding* result)

@@ -21,6 +21,17 @@ struct Finding {
         bool indexable = false; // an index may find them
     };
 
+    // The order of all rows of one table (see place.h).
+    struct Place {
+        struct Term {
+            QString expression;
+            bool descending = false;
+        };
+        QList<Term> terms;
+        QString address;
+        QString from; // " FROM …"
+    };
+
     QList<Source> sources; // each row has one address for each of them
 
     // The addresses of the rows in order; empty when they cannot be had so (a union, DISTINCT).
@@ -31,6 +42,7 @@ struct Finding {
     Emitted onTheWay;     // the same, but no index is read for the condition
     Emitted rowsOnTheWay; // the rows themselves, found so
     Emitted asTheyLie;    // the addresses without order
+    Emitted sorted;       // in order, no index being read for it
     // In order, but only rows whose address in the source `listedSource` is in the list that takes
     // the place of the last parameter; no index is read for condition or order.
     Emitted listed;
@@ -38,6 +50,9 @@ struct Finding {
     // In order, whatever the condition asks.
     Emitted unfiltered;
     std::optional<Filter> filter;
+
+    std::optional<Place>
+        place; // only for one table's rows without condition, in an order of columns
 
     Emitted lastAddress; // the largest address in the source `listedSource`
 
