@@ -106,7 +106,7 @@ bool Connection::open(const Location& file, const QString& password, Mode mode)
     // No lock file is left beside a file that is not there. What is there and no data file is told
     // by the opening.
     if (engine.identity(file.name()).isEmpty())
-        return fail({ErrorKind::Missing, u"ファイルがみつかりません。"_s});
+        return fail({ErrorKind::Missing, u"ファイルが見つかりません。"_s});
     Error error;
     auto lock = engine.lock(
         file.name(), mode == Mode::ShareExclusive ? LockKind::Exclusive : LockKind::Shared, &error);

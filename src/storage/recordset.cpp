@@ -139,7 +139,7 @@ Value Recordset::value(QStringView name) const
     if (index >= 0 && !eof() && d->stand != Stand::Deleted)
         return value(index);
     if (isOpen() && index < 0) {
-        d->fail(ErrorKind::Name, u"フィールド「"_s + name.toString() + u"」がみつかりません。"_s);
+        d->fail(ErrorKind::Name, u"フィールド「"_s + name.toString() + u"」が見つかりません。"_s);
     } else if (isOpen()) {
         d->fail(ErrorKind::State, u"現在の行がありません。"_s);
     }

@@ -40,7 +40,7 @@ bool Recordset::setValue(QStringView name, const Value& value)
     const schema::Column* column = d->columnOf(field);
     if (!column) {
         return d->fail(ErrorKind::Name,
-                       u"フィールド「"_s + name.toString() + u"」がみつかりません。"_s);
+                       u"フィールド「"_s + name.toString() + u"」が見つかりません。"_s);
     }
     const std::optional<Value> fitting = fitColumn(value, *column);
     const bool renumbers =

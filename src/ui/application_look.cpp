@@ -7,14 +7,46 @@
 #include <QFont>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QProxyStyle>
 #include <QTranslator>
+
+#include <algorithm>
 
 using namespace Qt::Literals::StringLiterals;
 
 namespace ui {
 namespace {
 
-constexpr qreal FontSize = 10; // points
+// Message boxes bear the program's own drawings, whatever the desktop's theme has.
+class Look : public QProxyStyle {
+public:
+    Look() : QProxyStyle(u"Fusion"_s) {}
+
+    QIcon standardIcon(StandardPixmap standard, const QStyleOption* option,
+                       const QWidget* widget) const override
+    {
+        switch (standard) {
+        case SP_MessageBoxCritical:
+            return icon(u"critical"_s);
+        case SP_MessageBoxWarning:
+            return icon(u"warning"_s);
+        case SP_MessageBoxInformation:
+            return icon(u"information"_s);
+        case SP_MessageBoxQuestion:
+            return icon(u"help"_s);
+        default:
+            return QProxyStyle::standardIcon(standard, option, widget);
+        }
+    }
+};
+
+// The desktop's size is taken where it says one that can be read.
+qreal fontSize()
+{
+    constexpr qreal Least = 10; // points
+    return std::max(Least, QApplication::font().pointSizeF());
+}
+
 
 void loadJapaneseTexts(QApplication& application)
 {
@@ -29,9 +61,9 @@ void setUpApplication(QApplication& application)
 {
     // Weekdays and calendars are Japanese on any machine.
     QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
-    QApplication::setStyle(u"Fusion"_s);
+    QApplication::setStyle(new Look);
     QFont font({u"Noto Sans CJK JP"_s, u"IPAGothic"_s});
-    font.setPointSizeF(FontSize);
+    font.setPointSizeF(fontSize());
     QApplication::setFont(font);
     loadJapaneseTexts(application);
     QApplication::setWindowIcon(icon(u"corvane"_s));

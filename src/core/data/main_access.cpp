@@ -72,13 +72,13 @@ QString whyMissing(const Shared& shared, const Error& error,
     if (notFilled)
         return *notFilled;
     if (!QFileInfo::exists(folder))
-        return u"プログラムフォルダ 『 "_s + folder + u" 』 がありません。"_s;
+        return u"プログラムフォルダー 『 "_s + folder + u" 』 がありません。"_s;
     if (holdsShopFiles(folder)) {
         return u"データのファイルはありますが、main.mdb がありません。新しい main.mdb は作らずに"
                "います。元の main.mdb をこの場所に戻して下さい。"_s;
     }
     if (!isEmptyFolder(folder))
-        return u"main.mdb がありません。空のフォルダではない為、新しい main.mdb は作らずにいます。"_s;
+        return u"main.mdb がありません。空のフォルダーではない為、新しい main.mdb は作らずにいます。"_s;
     return error.message;
 }
 
@@ -89,7 +89,7 @@ QString whyFailed(const Shared& shared, const Error& error, const std::optional<
     if (error.kind != ErrorKind::ReadOnly)
         return error.message;
     if (!canWrite(shared.programFolder))
-        return u"プログラムフォルダ 『 "_s + shared.programFolder + u" 』 に書き込めません。"_s;
+        return u"プログラムフォルダー 『 "_s + shared.programFolder + u" 』 に書き込めません。"_s;
     return canWrite(mainFile(shared)) ? error.message : u"main.mdb に書き込めません。"_s;
 }
 

@@ -111,7 +111,7 @@ std::optional<QString> fillProgramFolder(const ProgramFolder& folder)
     if (folder.originals.isEmpty() || !isWanted)
         return std::nullopt;
     const QDir originals(folder.originals);
-    const QString quoted = u"プログラムフォルダ 『 "_s + folder.path + u" 』 "_s;
+    const QString quoted = u"プログラムフォルダー 『 "_s + folder.path + u" 』 "_s;
     if (!originals.exists(u"main.mdb"_s)) {
         return u"新しい main.mdb の元になる 『 "_s + originals.filePath(u"main.mdb"_s)
             + u" 』 がありません。"_s;

@@ -115,7 +115,7 @@ bool isAnothersFile(Shared& shared, const QString& file, qint64 except)
 // Why the folder of a kind cannot take a new file; empty when it can. Makes the folder.
 QString whyNoNewFile(const QString& folder)
 {
-    const QString quoted = u"フォルダ 『 "_s + folder + u" 』 "_s;
+    const QString quoted = u"フォルダー 『 "_s + folder + u" 』 "_s;
     if (QFileInfo::exists(folder) && !QFileInfo(folder).isDir())
         return quoted + u"を作成できません。同じ名前のファイルがあります。"_s;
     if (!QDir().mkpath(folder))

@@ -31,8 +31,8 @@ std::optional<ErrorKind> kindOfSystemError(int number)
 Error folderNotWritable(int number)
 {
     return {.kind = ErrorKind::ReadOnly,
-            .message = u"ファイルのあるフォルダに書き込めません。"
-                       "フォルダの書き込み許可を確認して下さい。"_s,
+            .message = u"ファイルのあるフォルダーに書き込めません。"
+                       "フォルダーの書き込み許可を確認して下さい。"_s,
             .details = qt_error_string(number)};
 }
 

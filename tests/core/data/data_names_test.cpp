@@ -146,7 +146,7 @@ TEST_F(DataNames, AFileOfTheFoldersNameIsTold)
     writeFile(u"Corvane"_s, "the program, on a stick that ignores letter case");
     EXPECT_FALSE(AddDataFile(shared, DataKind::Customer, u"見本"_s, {}));
     EXPECT_EQ(messages.takeText(),
-              u"フォルダ 『 "_s + file(u"Corvane"_s)
+              u"フォルダー 『 "_s + file(u"Corvane"_s)
                   + u" 』 を作成できません。同じ名前のファイルがあります。"_s);
     EXPECT_THAT(rows(registeredRows), IsEmpty());
 }

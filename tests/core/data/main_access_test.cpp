@@ -143,7 +143,7 @@ TEST_F(MainAccess, EveryStepSaysWhyItFailsAndWorksOnceTheCauseIsGone)
         {"read-only", [this] { return forbidWriting(path); }, u"main.mdb に書き込めません。"_s,
          [this] { m_forbidden.reset(); }},
         {"folder not writable", [this] { return forbidWriting(folder()); },
-         u"プログラムフォルダ 『 "_s + folder() + u" 』 に書き込めません。"_s,
+         u"プログラムフォルダー 『 "_s + folder() + u" 』 に書き込めません。"_s,
          [this] { m_forbidden.reset(); }},
         {"held exclusively",
          [this] {

@@ -120,7 +120,7 @@ TEST_F(Folder, SaysWhyItCannotBeFilled)
 {
     const QString inAFile = path(u"share/corvane/menu.ini/home"_s);
     EXPECT_EQ(core::fillProgramFolder({inAFile, find().originals}),
-              u"プログラムフォルダ 『 "_s + inAFile + u" 』 を作成できません。"_s);
+              u"プログラムフォルダー 『 "_s + inAFile + u" 』 を作成できません。"_s);
     EXPECT_EQ(core::fillProgramFolder({path(u"new"_s), path(u"nothing"_s)}),
               u"新しい main.mdb の元になる 『 "_s + path(u"nothing/main.mdb"_s)
                   + u" 』 がありません。"_s);

@@ -36,7 +36,7 @@ TEST_F(EditFormTableTest, ARefusedSaveSaysWhyAndLosesNothing)
     } refusals[] = {
         {ErrorKind::Full, u"ディスクの空き容量が不足しています。"_s,
          [this] { return std::make_shared<FullDisk>(file.connection); }, false},
-        {ErrorKind::ReadOnly, u"ファイルのあるフォルダに書き込めません。"_s,
+        {ErrorKind::ReadOnly, u"ファイルのあるフォルダーに書き込めません。"_s,
          [this]() -> std::shared_ptr<void> {
              auto folder = std::make_shared<ReadOnlyFolder>(QFileInfo(path()).path());
              return folder->holds() ? folder : nullptr;

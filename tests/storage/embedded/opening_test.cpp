@@ -78,8 +78,8 @@ TEST_F(Opening, WhatIsNoDataFileIsUnreadableAndStaysAsItIs)
     }
     EXPECT_EQ(openFails(path(), u"鍵 of the File"_s), QList{ErrorKind::Unreadable});
     EXPECT_EQ(openFails(path(), QString()), QList{ErrorKind::Unreadable});
-    ASSERT_TRUE(QDir().mkdir(path(u"フォルダ.mdb"_s)));
-    EXPECT_EQ(openFails(path(u"フォルダ.mdb"_s)), QList{ErrorKind::Unreadable});
+    ASSERT_TRUE(QDir().mkdir(path(u"フォルダー.mdb"_s)));
+    EXPECT_EQ(openFails(path(u"フォルダー.mdb"_s)), QList{ErrorKind::Unreadable});
     EXPECT_EQ(read(path()), whole);
 }
 

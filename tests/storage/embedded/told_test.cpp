@@ -80,8 +80,8 @@ TEST_F(Told, AFolderWithoutTheRightToWrite)
         const bool opened = own.open(path(), Password);
         return !opened && own.lastError().kind == ErrorKind::ReadOnly
             && own.lastError().message
-            == u"ファイルのあるフォルダに書き込めません。"
-               "フォルダの書き込み許可を確認して下さい。"_s;
+            == u"ファイルのあるフォルダーに書き込めません。"
+               "フォルダーの書き込み許可を確認して下さい。"_s;
     });
     EXPECT_TRUE(user.succeeded());
     ASSERT_EQ(chmod(folder, 0755), 0);

@@ -16,7 +16,7 @@ QString kindMessage(ErrorKind kind)
 {
     switch (kind) {
     case ErrorKind::Name:
-        return u"表または列がみつかりません。"_s;
+        return u"表または列が見つかりません。"_s;
     case ErrorKind::Type:
         return u"値が列の型または長さに合いません。"_s;
     case ErrorKind::Constraint:
@@ -26,7 +26,7 @@ QString kindMessage(ErrorKind kind)
                "他のパソコンや画面で大きな処理が続いている可能性があります。"
                "しばらく待ってからもう一度実行し、続く場合は、他で開いているデータを閉じて下さい。"_s;
     case ErrorKind::Missing:
-        return u"ファイルがみつかりません。"_s;
+        return u"ファイルが見つかりません。"_s;
     case ErrorKind::Unreadable:
         return u"ファイルを読み込めません。ファイルが壊れているか、このプログラムのファイルではありません。"_s;
     case ErrorKind::Moved:

@@ -62,7 +62,7 @@ std::unique_ptr<Lock> FileLock::acquire(const QString& dataFile, LockKind kind, 
 {
     const QString path = lockPath(dataFile);
     if (path.isEmpty()) {
-        *error = {ErrorKind::Missing, u"ファイルのあるフォルダがみつかりません。"_s};
+        *error = {ErrorKind::Missing, u"ファイルのあるフォルダーが見つかりません。"_s};
         return {};
     }
     const QByteArray name = QFile::encodeName(path);
