@@ -3,6 +3,7 @@
 #include "records/screens/edit_form.h"
 
 class QComboBox;
+class QMouseEvent;
 
 namespace records {
 
@@ -21,6 +22,7 @@ protected:
 
 private:
     void fillCombo2();
+    bool clickedBeside(const QMouseEvent& press);
     void Combo2_GotFocus();
 
     QComboBox* m_Combo2 = nullptr;

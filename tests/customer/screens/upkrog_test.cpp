@@ -66,4 +66,21 @@ TEST_F(UpkrogTest, EnterWritesALineAndConversionsStayInTheField)
     press("Command2");
 }
 
+// The names that dropped down do not take the first click that is meant for something else.
+TEST_F(UpkrogTest, AClickBesideTheNamesGoesWhereItWasAimed)
+{
+    addLogOf(ofCase, u"佐藤"_s, u"受付"_s);
+    openToAdd();
+    control<QComboBox>(u"Combo2"_s).setFocus(Qt::TabFocusReason);
+    const auto dropped = [] { return QApplication::activePopupWidget() != nullptr; };
+    ASSERT_TRUE(QTest::qWaitFor(dropped));
+    auto& further = control<QCheckBox>(u"chkrenzo"_s);
+    const QPoint aimed = further.mapToGlobal(QPoint(8, further.height() / 2));
+    QWidget* const names = QApplication::activePopupWidget();
+    QTest::mousePress(names, Qt::LeftButton, {}, names->mapFromGlobal(aimed));
+    QTest::mouseRelease(&further, Qt::LeftButton, {}, further.mapFromGlobal(aimed));
+    EXPECT_FALSE(dropped());
+    EXPECT_TRUE(QTest::qWaitFor([&further] { return further.hasFocus(); }));
+}
+
 } // namespace
