@@ -1,6 +1,7 @@
 #include "ui/caption_label.h"
 
 #include "ui/paged_list_model.h"
+#include "ui/plain_tip.h"
 
 namespace ui {
 
@@ -27,7 +28,7 @@ void CaptionLabel::cut()
 {
     const QString shown = fontMetrics().elidedText(m_caption, Qt::ElideRight, width());
     setText(shown);
-    setToolTip(shown == m_caption ? QString() : m_caption);
+    setToolTip(shown == m_caption ? QString() : plainTip(m_caption));
 }
 
 } // namespace ui

@@ -5,6 +5,7 @@
 #include "core/screens/info.h"
 #include "core/screens/screen_flow.h"
 #include "ui/enter_moves_on.h"
+#include "ui/plain_tip.h"
 #include "ui_dopen.h"
 
 using namespace Qt::StringLiterals;
@@ -41,7 +42,7 @@ void dopen::prepare(DataKind kind)
     m_ui->ListView1->clear();
     for (const DataFileEntry& entry : m_entries) {
         auto* const item = new QTreeWidgetItem(QStringList{entry.name});
-        item->setToolTip(0, entry.name); // it may be too long for the list
+        item->setToolTip(0, ui::plainTip(entry.name)); // it may be too long for the list
         m_ui->ListView1->addTopLevelItem(item);
     }
     const bool isEmpty = m_entries.isEmpty();
