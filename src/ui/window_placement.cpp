@@ -6,6 +6,11 @@
 #include <QHeaderView>
 #include <QScreen>
 #include <QSplitter>
+#include <QWidget>
+
+#include <algorithm>
+#include <set>
+#include <tuple>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -73,6 +78,65 @@ QRect fitInto(const QRect& area, QRect rectangle)
     rectangle.moveLeft(qBound(area.left(), rectangle.left(), area.right() - rectangle.width() + 1));
     rectangle.moveTop(qBound(area.top(), rectangle.top(), area.bottom() - rectangle.height() + 1));
     return rectangle;
+}
+
+QMargins frameOf(const QWidget& window)
+{
+    const QWidget* shown = &window;
+    while (!shown->isVisible() && shown->parentWidget())
+        shown = shown->parentWidget()->window();
+    const QRect outer = shown->frameGeometry();
+    const QRect inner = shown->geometry();
+    return {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
+            outer.bottom() - inner.bottom()};
+}
+
+QRect outerRectOf(const QWidget& window)
+{
+    return {window.pos(), window.size().grownBy(frameOf(window))};
+}
+
+void placeOnScreen(QWidget& window, const QRect& outer)
+{
+    const QRect seen = fitInto(areaFor(window, outer), outer);
+    window.resize(seen.size().shrunkBy(frameOf(window)));
+    window.move(seen.topLeft());
+}
+
+std::optional<QRect> placeBeside(const QRect& area, const QSize& size, const QSize& least,
+                                 const QList<QRect>& covered)
+{
+    std::set<int> columns{area.left(), area.right() + 1};
+    std::set<int> rows{area.top(), area.bottom() + 1};
+    for (const QRect& each : covered) {
+        const QRect seen = each & area;
+        columns.insert({seen.left(), seen.right() + 1});
+        rows.insert({seen.top(), seen.bottom() + 1});
+    }
+    std::optional<QRect> best;
+    const auto rank = [](const QRect& place) {
+        return std::tuple(place.width() * place.height(), place.bottom(), place.right());
+    };
+    const auto consider = [&](const QRect& room) {
+        const bool isFree =
+            std::ranges::none_of(covered, [&](const QRect& each) { return each.intersects(room); });
+        const QSize cut = size.boundedTo(room.size());
+        if (!isFree || cut != cut.expandedTo(least.boundedTo(size)))
+            return;
+        QRect place(QPoint(), cut);
+        place.moveBottomRight(room.bottomRight());
+        if (!best || rank(place) > rank(*best))
+            best = place;
+    };
+    for (const int left : columns) {
+        for (const int right : columns) {
+            for (const int top : rows) {
+                for (const int bottom : rows)
+                    consider(QRect(QPoint(left, top), QPoint(right - 1, bottom - 1)));
+            }
+        }
+    }
+    return best;
 }
 
 } // namespace ui

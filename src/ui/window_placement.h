@@ -1,6 +1,10 @@
 #pragma once
 
+#include <QList>
+#include <QMargins>
 #include <QRect>
+
+#include <optional>
 
 class QHeaderView;
 class QSplitter;
@@ -26,5 +30,17 @@ QRect areaFor(const QWidget& window, const QRect& kept);
 QSize roomFor(const QWidget& window);
 // The rectangle moved, and shrunk if need be, so that all of it can be seen in `area`.
 QRect fitInto(const QRect& area, QRect rectangle);
+
+// The frame that the window system draws around a window; as long as the window is not shown, the
+// frame of the one that it belongs to.
+QMargins frameOf(const QWidget& window);
+// What a window takes of the screen, its frame included.
+QRect outerRectOf(const QWidget& window);
+// Gives a window this place, its frame included, moved and shrunk so that all of it is seen.
+void placeOnScreen(QWidget& window, const QRect& outer);
+// A place of this size that covers none of the rectangles: at the lower right of the room in which
+// most of it fits, cut to that room but not below `least`. Nothing where there is no such room.
+std::optional<QRect> placeBeside(const QRect& area, const QSize& size, const QSize& least,
+                                 const QList<QRect>& covered);
 
 } // namespace ui

@@ -10,7 +10,9 @@
 #include "records/data/record_list.h"
 #include "records/screens/desk.h"
 #include "records/screens/related_files_list.h"
+#include "records/screens/selection.h"
 #include "text/lines.h"
+#include "ui/plain_tip.h"
 #include "ui_johokokyaku.h"
 
 #include <QClipboard>
@@ -21,11 +23,12 @@ using namespace Qt::StringLiterals;
 namespace customer {
 
 johokokyaku::johokokyaku(const records::Desk& desk, const records::Settings& settings,
-                         QWidget* parent)
+                         const records::Selection& selection, QWidget* parent)
     : DetailWindow(parent),
       m_ui(std::make_unique<Ui::johokokyaku>()),
       m_desk(desk),
       m_settings(settings),
+      m_selection(selection),
       m_items({u"項目名"_s, u"内容"_s}),
       m_deliveries({u"納入日"_s, u"ﾒｰｶｰ"_s, u"品名"_s, u"型番"_s, u"ｼﾘｱﾙ"_s, u"定価"_s, u"売値"_s,
                     u"仕切"_s, u"備考"_s}),
@@ -74,9 +77,17 @@ bool johokokyaku::showCustomer(const core::RecordKey& key)
         records::readRecord(m_desk.file, customerTable(), key);
     if (!customer)
         return false;
-    if (customer->key.updateId != m_kept.key.updateId)
-        showLogs({}, {});
+    const bool another = customer->key.updateId != m_kept.key.updateId;
     fill(*customer);
+    const auto selected = m_selection.has(Lists::Cases)
+        ? records::readRecord(m_desk.file, caseTable(), m_selection.key(Lists::Cases))
+        : std::nullopt;
+    const bool isOwn = selected && selected->key.mark == customer->key.mark
+        && selected->number(u"ユーザーID") == customer->key.id;
+    if (isOwn)
+        showLogs(selected->key, selected->text(u"件名"));
+    else if (another)
+        showLogs({}, {});
     return true;
 }
 
@@ -102,8 +113,7 @@ void johokokyaku::fill(const records::Record& customer)
     m_ui->lblName->setText(name);
     const QString copies = name + u" の内容をコピー"_s;
     m_ui->UserText->setAccessibleName(copies);
-    // A tip would take a name like <b> for marked-up text.
-    m_ui->UserText->setToolTip(u"<qt>"_s + copies.toHtmlEscaped() + u"</qt>"_s);
+    m_ui->UserText->setToolTip(ui::plainTip(copies));
     for (std::size_t i = 0; i < m_values.size(); ++i)
         m_values[i]->setText(
             text::toWidgetLines(customer.text(customerTexts().at(static_cast<qsizetype>(i)))));

@@ -13,6 +13,7 @@ class QLabel;
 namespace records {
 struct Desk;
 class RelatedFilesList;
+class Selection;
 } // namespace records
 
 namespace Ui {
@@ -26,10 +27,13 @@ class johokokyaku : public records::DetailWindow {
     Q_OBJECT
 
 public:
-    johokokyaku(const records::Desk& desk, const records::Settings& settings, QWidget* parent);
+    // All of it lives longer.
+    johokokyaku(const records::Desk& desk, const records::Settings& settings,
+                const records::Selection& selection, QWidget* parent);
     ~johokokyaku() override;
 
-    // A customer, or the customer of a case with the case's logs on the log tab.
+    // A customer, with the logs of the selected case on the log tab where it is the customer's, or
+    // the customer of a case with the case's logs.
     bool showRecord(int list, const core::RecordKey& key) override;
     void refill() override;
 
@@ -47,6 +51,7 @@ private:
     std::unique_ptr<Ui::johokokyaku> m_ui;
     const records::Desk& m_desk;
     const records::Settings& m_settings;
+    const records::Selection& m_selection;
     std::unique_ptr<records::RelatedFilesList> m_shortcuts;
     ui::PagedListModel m_items; // their screens come later: the places are kept, empty
     ui::PagedListModel m_deliveries;

@@ -77,8 +77,13 @@ kokyaku::~kokyaku()
 void kokyaku::Form_Load()
 {
     m_commands = new KokyakuCommands(desk(), selection(), this);
-    m_windows = new records::FloatingWindows(desk(), settings(), selection(), floatingWindows(),
-                                             new johokokyaku(desk(), settings(), this),
+    records::FloatingWindows::Description windows = floatingWindows();
+    windows.lists = {{Lists::Customers, &m_ui->customers->view()},
+                     {Lists::Cases, &m_ui->cases->view()},
+                     {Lists::Logs, &m_ui->logs->view()}};
+    windows.toolBar = m_ui->Toolbar1;
+    m_windows = new records::FloatingWindows(desk(), settings(), selection(), windows,
+                                             new johokokyaku(desk(), settings(), selection(), this),
                                              new klogpreview(desk().file, this));
     m_ui->customers->initialize(desk().file, customerList(), settings(), selection(),
                                 {u"ListView1"_s,
@@ -144,6 +149,9 @@ void kokyaku::connectLists()
 {
     connect(m_ui->index, &records::IndexPane::chosen, this,
             [this](const records::ListFilter& filter) {
+                const QString& order = m_ui->customers->filter().ownOrder;
+                if (m_refreshing && !order.isEmpty() && filter.ownOrder == order)
+                    return; // the same of another day, which the refill reads
                 bringListsForward();
                 if (!m_ui->customers->showFilter(filter))
                     m_ui->index->goBack();
@@ -295,7 +303,13 @@ void kokyaku::logChosen(bool /*another*/, int column)
 // The captions follow what was renamed.
 void kokyaku::refillCustomersAndCases()
 {
-    m_ui->customers->follow();
+    // The day may have changed.
+    const records::ListFilter recent = recentCustomers({settings(), desk().file.clock.today()});
+    const records::ListFilter before = m_ui->customers->filter();
+    if (before.ownOrder == recent.ownOrder)
+        m_ui->customers->renameFilter(recent);
+    if (!m_ui->customers->follow())
+        m_ui->customers->renameFilter(before); // what is shown are still the old days
     m_cases->renameCustomer(selection().key(Lists::Customers), selection().title(Lists::Customers));
     m_cases->refill();
     m_ui->files->renameOwner(selection().key(Lists::Cases), selection().title(Lists::Cases));
@@ -312,7 +326,9 @@ void kokyaku::refillLists()
 
 void kokyaku::refreshAll()
 {
+    m_refreshing = true;
     fillIndex();
+    m_refreshing = false;
     refillLists();
     if (!m_ui->logs->isShown())
         showLogsOfCase(); // emptied after a save

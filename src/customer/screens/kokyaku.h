@@ -73,6 +73,7 @@ private:
     CaseView* m_cases = nullptr;
     KokyakuCommands* m_commands = nullptr;
     records::FloatingWindows* m_windows = nullptr;
+    bool m_refreshing = false; // the lists are read anew in a moment
 };
 
 } // namespace customer

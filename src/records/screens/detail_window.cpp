@@ -5,7 +5,6 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
-#include <QScreen>
 
 namespace records {
 
@@ -16,12 +15,8 @@ DetailWindow::DetailWindow(QWidget* parent) : QWidget(parent, Qt::Tool)
 
 void DetailWindow::moveToPlace(int left, int top)
 {
-    const QPoint kept(ui::pixelsFromTwips(left), ui::pixelsFromTwips(top));
-    const QRect wanted(kept, size());
-    QRect seen = ui::fitInto(ui::areaFor(*this, wanted), wanted);
-    if (kept.isNull())
-        seen.moveTopRight(screen()->availableGeometry().topRight());
-    move(seen.topLeft());
+    const QPoint place(ui::pixelsFromTwips(left), ui::pixelsFromTwips(top));
+    ui::placeOnScreen(*this, {place, size().grownBy(ui::frameOf(*this))});
 }
 
 void DetailWindow::keyPressEvent(QKeyEvent* event)

@@ -18,8 +18,7 @@ public:
     virtual bool showRecord(int list, const core::RecordKey& key) = 0;
     // Reads what is shown again; closes when that has gone.
     virtual void refill() = 0;
-    // Moves the window to a place of the screen, in twips, so that all of it is seen. 0, 0 is a
-    // place that was never kept: there the window would hide the index.
+    // Moves the window to a place of the screen, in twips, so that all of it is seen.
     void moveToPlace(int left, int top);
 
 signals:

@@ -4,8 +4,10 @@
 #include "records/screens/logpreview.h"
 #include "records/screens/selection.h"
 #include "ui/twips.h"
+#include "ui/window_placement.h"
 
 #include <QAction>
+#include <QScreen>
 
 using namespace Qt::StringLiterals;
 
@@ -62,8 +64,10 @@ void FloatingWindows::setMode(const WindowMode& mode, bool on)
     m_settings.set(mode.shown, on ? 1 : 0);
     saveSettings(m_desk.file, {{mode.shown, on ? 1 : 0}});
     if (isPreview(mode)) {
-        m_preview->setVisible(on && m_selection.has(mode.list));
-        m_preview->showEntry(m_selection.key(mode.list));
+        if (on && m_selection.has(mode.list))
+            openPreview();
+        else
+            m_preview->hide();
     } else if (on) {
         showDetailOf(mode.list);
     } else {
@@ -94,17 +98,50 @@ void FloatingWindows::chosen(int list, int column)
     }
 }
 
-// Each time it goes to the kept place. As long as none was kept, an open window stays where the
-// user has moved it.
+// Each time it goes to the kept place. As long as none was kept, it stays where the user has moved
+// it.
 void FloatingWindows::showDetailOf(int list)
 {
     if (!m_selection.has(list) || !m_detail->showRecord(list, m_selection.key(list)))
         return;
     const int left = m_settings[m_description.left];
     const int top = m_settings[m_description.top];
-    if (left != 0 || top != 0 || !m_detail->isVisible())
+    if (left != 0 || top != 0)
         m_detail->moveToPlace(left, top);
+    else if (!m_detail->isVisible())
+        placeFirst(*m_detail, *m_preview, list);
     m_detail->show();
+}
+
+// Where it covers neither the list that it explains nor the tool bar, nor the other window, as far
+// as there is room for that; once it was open, where the user has left it.
+void FloatingWindows::placeFirst(QWidget& window, const QWidget& other, int list)
+{
+    if (m_placed.contains(&window)) {
+        ui::placeOnScreen(window, ui::outerRectOf(window));
+        return;
+    }
+    m_placed.insert(&window);
+    const auto onScreen = [](const QWidget& shown) {
+        return QRect(shown.mapToGlobal(QPoint()), shown.size());
+    };
+    QList<QRect> covered;
+    for (const QWidget* const part : {m_description.lists.value(list), m_description.toolBar}) {
+        if (part && part->isVisible())
+            covered.append(onScreen(*part));
+    }
+    const QRect outer = ui::outerRectOf(window);
+    const QRect area = window.screen()->availableGeometry();
+    const QSize least = window.minimumSizeHint().grownBy(ui::frameOf(window));
+    std::optional<QRect> place;
+    if (other.isVisible())
+        place = ui::placeBeside(area, outer.size(), least,
+                                covered + QList<QRect>{other.frameGeometry()});
+    if (!place)
+        place = ui::placeBeside(area, outer.size(), least, covered);
+    QRect corner = outer;
+    corner.moveBottomRight(area.bottomRight());
+    ui::placeOnScreen(window, place.value_or(corner));
 }
 
 void FloatingWindows::detailClosed()
@@ -123,9 +160,19 @@ void FloatingWindows::showPreview(int column)
     if (!m_selection.has(mode.list)) {
         m_preview->hide();
     } else if (m_preview->isVisible() || opens(mode, column)) {
-        m_preview->showEntry(m_selection.key(mode.list));
-        m_preview->show();
+        openPreview();
     }
+}
+
+void FloatingWindows::openPreview()
+{
+    m_preview->showEntry(m_selection.key(m_description.preview.list));
+    if (!m_preview->isVisible()) {
+        if (m_preview->hasKeptPlace())
+            m_placed.insert(m_preview);
+        placeFirst(*m_preview, *m_detail, m_description.preview.list);
+    }
+    m_preview->show();
 }
 
 void FloatingWindows::refill()
@@ -150,6 +197,13 @@ void FloatingWindows::ichi_Click()
 
 void FloatingWindows::activateDetail()
 {
+    for (qsizetype i = 0; i < m_description.details.size() && !m_detail->isVisible(); ++i) {
+        const int list = m_description.details.at(i).list;
+        if (!m_selection.has(list))
+            continue;
+        m_actions.at(i)->setChecked(true); // which opens them, unless it was checked already
+        showDetailOf(list);
+    }
     if (m_detail->isVisible())
         m_detail->activateWindow();
 }

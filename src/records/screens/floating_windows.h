@@ -5,7 +5,9 @@
 #include "records/screens/desk.h"
 #include "records/screens/detail_window.h"
 
+#include <QHash>
 #include <QObject>
+#include <QSet>
 #include <QTimer>
 
 #include <memory>
@@ -40,6 +42,10 @@ public:
         Setting top;
         QString placeCaption; // of the entry that keeps its place
         QString notShown;     // told when there is none to be kept
+        // What the windows are not to cover when they open first: the list that one explains, by
+        // its number, and what is never covered.
+        QHash<int, const QWidget*> lists = {};
+        const QWidget* toolBar = nullptr;
     };
 
     // `settings` and `selection` are the main screen's and live longer, as the windows do.
@@ -52,7 +58,7 @@ public:
     void chosen(int list, int column);
     // Reads what the windows show again.
     void refill();
-    // Gives the details the keyboard, where they are shown.
+    // Gives the details the keyboard; opens them where they are not shown.
     void activateDetail();
     // Nothing is left over the menu.
     void closeAll();
@@ -69,6 +75,8 @@ private:
     bool isPreview(const WindowMode& mode) const;
     void showDetailOf(int list);
     void showPreview(int column);
+    void openPreview();
+    void placeFirst(QWidget& window, const QWidget& other, int list);
     void detailClosed();
     void ichi_Click();
 
@@ -83,6 +91,7 @@ private:
     // One-shot, one for each list: the detail window after a record was selected (Timer1, Timer2
     // …).
     std::vector<std::unique_ptr<QTimer>> m_timers;
+    QSet<const QWidget*> m_placed; // have been open
     bool m_closing = false;
 };
 

@@ -13,14 +13,13 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QScreen>
 
 using namespace Qt::StringLiterals;
 
 namespace records {
 namespace {
 
-constexpr QPoint FrameRoom(8, 36); // for the window's frame, which is not yet known then
+constexpr int GripWidth = 10; // pixels from the edge of the text
 
 int twips(int pixels)
 {
@@ -48,7 +47,9 @@ logpreview::logpreview(DataFile& file, const LogTable& log, QWidget* parent)
     connect(m_ichi, &QAction::triggered, this, &logpreview::ichi_Click);
     m_ui->rogu->viewport()->installEventFilter(this);
     m_ui->rogu->installEventFilter(this);
-    m_ui->rogu->setToolTip(u"Ctrlキーを押しながらドラッグすると移動します。"_s);
+    m_ui->rogu->viewport()->setMouseTracking(true); // for the cursor over the grip
+    m_ui->rogu->setToolTip(u"一番上の行か端をドラッグすると移動します。\n"
+                           "Ctrlキーを押しながらなら、どこでもドラッグできます。"_s);
     const PreviewPlace place = readPreviewPlace(file);
     placeWindow(place);
     stayOnTop(place.onTop);
@@ -60,12 +61,11 @@ void logpreview::placeWindow(const PreviewPlace& place)
 {
     const QRect kept(ui::pixelsFromTwips(place.left), ui::pixelsFromTwips(place.top),
                      ui::pixelsFromTwips(place.width), ui::pixelsFromTwips(place.height));
-    QRect seen = ui::fitInto(ui::areaFor(*this, kept), kept);
-    // A place that was never saved is 0, 0, where the window would hide the index.
-    if (place.left == 0 && place.top == 0)
-        seen.moveBottomRight(screen()->availableGeometry().bottomRight() - FrameRoom);
-    resize(seen.size());
-    move(seen.topLeft());
+    // A place that was never saved is 0, 0: it is placed beside the list then.
+    m_hasKeptPlace = place.left != 0 || place.top != 0;
+    resize(kept.size());
+    if (m_hasKeptPlace)
+        ui::placeOnScreen(*this, {kept.topLeft(), kept.size().grownBy(ui::frameOf(*this))});
 }
 
 void logpreview::showEntry(const core::RecordKey& key)
@@ -112,6 +112,7 @@ void logpreview::ichi_Click()
     if (!m_file.messages.confirm(u"現在の表示位置・サイズを保存しますか？"_s))
         return;
     PreviewPlace place;
+    m_hasKeptPlace = true;
     place.left = twips(pos().x());
     place.top = twips(pos().y());
     place.width = twips(width());
@@ -119,7 +120,36 @@ void logpreview::ichi_Click()
     savePreviewPlace(m_file, place);
 }
 
-// The whole window is text, so it is dragged by its frame, or anywhere while Ctrl is held.
+// The head line and the edges of the text: the whole window is text, so it is held there, or
+// anywhere while Ctrl is held.
+bool logpreview::isGrip(const QPoint& place) const
+{
+    const QRect text = m_ui->rogu->viewport()->rect().adjusted(
+        GripWidth, GripWidth + fontMetrics().lineSpacing(), -GripWidth, -GripWidth);
+    return !text.contains(place);
+}
+
+// True when the mouse has moved the window, or began or ended to.
+bool logpreview::drag(const QMouseEvent& mouse)
+{
+    const bool held =
+        isGrip(mouse.position().toPoint()) || mouse.modifiers().testFlag(Qt::ControlModifier);
+    if (mouse.type() == QEvent::MouseButtonPress && mouse.button() == Qt::LeftButton && held) {
+        m_dragged = true;
+        m_grip = mouse.globalPosition().toPoint() - pos();
+        return true;
+    }
+    if (mouse.type() == QEvent::MouseMove && !m_dragged && mouse.buttons() == Qt::NoButton)
+        m_ui->rogu->viewport()->setCursor(held ? Qt::SizeAllCursor : Qt::IBeamCursor);
+    if (!m_dragged)
+        return false;
+    if (mouse.type() == QEvent::MouseMove)
+        Fmove(mouse.globalPosition().toPoint());
+    else if (mouse.type() == QEvent::MouseButtonRelease)
+        m_dragged = false;
+    return true;
+}
+
 bool logpreview::eventFilter(QObject* watched, QEvent* event)
 {
     const auto* const mouse =
@@ -130,27 +160,11 @@ bool logpreview::eventFilter(QObject* watched, QEvent* event)
             RightMenu(asked->globalPos());
         return true;
     }
-    if (!mouse)
-        return QWidget::eventFilter(watched, event);
-    if (event->type() == QEvent::MouseButtonPress && mouse->button() == Qt::RightButton) {
+    if (mouse && mouse->type() == QEvent::MouseButtonPress && mouse->button() == Qt::RightButton) {
         RightMenu(mouse->globalPosition().toPoint());
         return true;
     }
-    if (event->type() == QEvent::MouseButtonPress && mouse->button() == Qt::LeftButton
-        && mouse->modifiers().testFlag(Qt::ControlModifier)) {
-        m_dragged = true;
-        m_grip = mouse->globalPosition().toPoint() - pos();
-        return true;
-    }
-    if (event->type() == QEvent::MouseMove && m_dragged) {
-        Fmove(mouse->globalPosition().toPoint());
-        return true;
-    }
-    if (event->type() == QEvent::MouseButtonRelease && m_dragged) {
-        m_dragged = false;
-        return true;
-    }
-    return QWidget::eventFilter(watched, event);
+    return (mouse && drag(*mouse)) || QWidget::eventFilter(watched, event);
 }
 
 void logpreview::Fmove(const QPoint& screenPoint)

@@ -8,6 +8,7 @@
 #include <memory>
 
 class QAction;
+class QMouseEvent;
 
 namespace Ui {
 class logpreview;
@@ -25,6 +26,8 @@ public:
 
     // Shows an entry of the log as it is stored now; nothing when it is gone.
     void showEntry(const core::RecordKey& key);
+    // Whether the user has saved where it is to stand.
+    bool hasKeptPlace() const { return m_hasKeptPlace; }
     // What the right-click menu holds; for the menu key as well.
     void RightMenu(const QPoint& screenPoint);
 
@@ -46,6 +49,8 @@ private:
     void placeWindow(const PreviewPlace& place);
     void stayOnTop(bool onTop);
     void Fmove(const QPoint& screenPoint);
+    bool isGrip(const QPoint& place) const;
+    bool drag(const QMouseEvent& mouse);
 
     std::unique_ptr<Ui::logpreview> m_ui;
     DataFile& m_file;
@@ -56,6 +61,7 @@ private:
     QAction* m_ichi;
     QPoint m_grip; // where the window is held while it is dragged, from its corner
     bool m_dragged = false;
+    bool m_hasKeptPlace = false;
 };
 
 } // namespace records

@@ -87,9 +87,14 @@ TEST_F(KokyakuTest, RecentCustomersKeepTheirOwnOrderUntilAHeaderIsClicked)
     EXPECT_EQ(cells(1, 0).value(4), u"XYZ 商会"_s);
 
     // On the next day, and by a click on the node that is chosen already, the search runs anew.
+    chooseRow(1, 2);
+    const QString selected = list(1).currentKey();
+    QSignalSpy read(list(1).model(), &QAbstractItemModel::modelReset);
     clock.advanceMsecs(86'400'000);
     QTest::keyClick(&control<QTreeWidget>("TreeView1"), Qt::Key_F5);
     EXPECT_EQ(caption("lblKokya"), u"2024/04/09 ～ 2024/04/16 更新"_s);
+    EXPECT_EQ(list(1).currentKey(), selected);
+    EXPECT_EQ(read.size(), 1);
     addNamed(u"翌日"_s, u"ﾝﾝﾝ"_s);
     choose({u"最近更新"_s});
     EXPECT_EQ(cells(1, 0).value(0), u"翌日"_s);

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QSplitter>
 
@@ -139,6 +140,37 @@ TEST_F(KokyakuWindowsTest, ClosingLetsGoOfTheFileAndRemembersTheDesk)
     EXPECT_FALSE(open());
     EXPECT_EQ(messages.takeBoxes().size(), 1);
     takeErrors();
+}
+
+// Opened by key on a customer whose case is selected already, the details know it.
+TEST_F(KokyakuWindowsTest, TheKeyOpensTheDetailsBesideTheListWithTheSelectedCase)
+{
+    openScreen();
+    screen->setGeometry(0, 0, 780, 780); // all of the screen in one direction
+    chooseRow(1, 0);
+    chooseRow(2, 0);
+    auto& detail = *screen->findChild<customer::johokokyaku*>();
+    EXPECT_FALSE(detail.isVisible());
+    QTest::keyClick(screen.get(), Qt::Key_I, Qt::ControlModifier);
+    EXPECT_TRUE(detail.isVisible());
+    EXPECT_EQ(detail.findChild<QLabel*>(u"lblRog"_s)->text(), u"点検 のログ"_s);
+    const auto onScreen = [](QWidget& part) {
+        return QRect(part.mapToGlobal(QPoint()), part.size());
+    };
+    EXPECT_FALSE(detail.frameGeometry().intersects(onScreen(list(1))));
+    EXPECT_FALSE(detail.frameGeometry().intersects(onScreen(control<QWidget>("Toolbar1"))));
+    EXPECT_TRUE(screen->screen()->availableGeometry().contains(detail.frameGeometry()));
+
+    // It stays where it was put, also when it was closed meanwhile, but never beyond the screen.
+    for (const auto& [put, seen] :
+         {std::pair(QPoint(50, 60), QPoint(50, 60)), std::pair(QPoint(-900, 60), QPoint(0, 60))}) {
+        detail.move(put);
+        detail.close();
+        screen->activateWindow();
+        QTest::keyClick(screen.get(), Qt::Key_I, Qt::ControlModifier);
+        EXPECT_TRUE(detail.isVisible());
+        EXPECT_EQ(detail.pos(), seen);
+    }
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -106,16 +107,37 @@ TEST_P(LogpreviewTest, StaysInFrontWhenAskedAndRemembersNothingElse)
 TEST_P(LogpreviewTest, IsDraggedAndKeepsItsPlaceWhenAsked)
 {
     EXPECT_EQ(preview->size(), QSize(610, 139));
+    execute(u"UPDATE 設定 SET ログプレ縦位置 = 60000, ログプレ横位置 = -60000"_s);
+    openPreview(); // kept on a screen that is gone
+    const QRect stands(preview->pos(), preview->size());
+    EXPECT_TRUE(preview->screen()->availableGeometry().contains(stands));
+    execute(u"UPDATE 設定 SET ログプレ縦位置 = 0, ログプレ横位置 = 0"_s);
+    openPreview();
     preview->move(100, 100);
     QWidget* const surface = rogu().viewport();
-    const auto drag = [surface](QEvent::Type type, const QPoint& place, Qt::MouseButtons buttons) {
-        const QPoint inside = surface->mapFromGlobal(place);
-        QMouseEvent event(type, inside, place, Qt::LeftButton, buttons, Qt::ControlModifier);
-        QCoreApplication::sendEvent(surface, &event);
-    };
-    drag(QEvent::MouseButtonPress, {150, 150}, Qt::LeftButton);
-    drag(QEvent::MouseMove, {90, 110}, Qt::LeftButton);
-    drag(QEvent::MouseButtonRelease, {90, 110}, {});
+    // Inside the text with Ctrl alone, without a key by its head and its edges.
+    const struct {
+        QPoint held; // from the text's upper left corner
+        Qt::KeyboardModifiers keys;
+        QPoint moved;
+    } drags[] = {{{80, 60}, {}, {}},
+                 {{80, 60}, Qt::ControlModifier, {-20, -10}},
+                 {{80, 8}, {}, {-20, -15}},
+                 {{3, 60}, {}, {-20, -15}}};
+    for (const auto& each : drags) {
+        const QPoint before = preview->pos();
+        const QPoint from = surface->mapToGlobal(each.held);
+        const auto send = [&](QEvent::Type type, const QPoint& place, Qt::MouseButtons buttons) {
+            QMouseEvent event(type, surface->mapFromGlobal(place), place, Qt::LeftButton, buttons,
+                              each.keys);
+            QCoreApplication::sendEvent(surface, &event);
+        };
+        const QPoint to = from + (each.moved.isNull() ? QPoint(-20, -15) : each.moved);
+        send(QEvent::MouseButtonPress, from, Qt::LeftButton);
+        send(QEvent::MouseMove, to, Qt::LeftButton);
+        send(QEvent::MouseButtonRelease, to, {});
+        EXPECT_EQ(preview->pos(), before + each.moved);
+    }
     EXPECT_EQ(preview->pos(), QPoint(40, 60));
     preview->resize(500, 120);
 
