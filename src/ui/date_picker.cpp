@@ -66,7 +66,7 @@ QDateTime DatePicker::stepped(int part, int steps) const
 
 QString DatePicker::refusal() const
 {
-    return u"日付は 2027/12/31 のように入力して下さい。"_s;
+    return u"日付として読めません。\r\n2027/12/31 のように入力して下さい。"_s;
 }
 
 void DatePicker::focusInEvent(QFocusEvent* event)
@@ -117,7 +117,7 @@ QDateTime TimePicker::stepped(int part, int steps) const
 
 QString TimePicker::refusal() const
 {
-    return u"時刻は 9:30 のように入力して下さい。"_s;
+    return u"時刻として読めません。\r\n9:30 のように入力して下さい。"_s;
 }
 
 } // namespace ui

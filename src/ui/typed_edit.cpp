@@ -73,8 +73,8 @@ template <typename Edit> bool TypedEdit<Edit>::judge()
     this->interpretText(); // the last value on the way
     this->setDateTime(m_former);
     if (m_messages)
-        m_messages->warn(typed.trimmed().isEmpty() ? refusal()
-                                                   : u"『 "_s + typed + u" 』"_s + refusal());
+        m_messages->warn(typed.trimmed().isEmpty() ? u"空白は"_s + refusal()
+                                                   : u"『 "_s + typed + u" 』は"_s + refusal());
     this->setFocus(Qt::OtherFocusReason);
     m_typing.select(0);
     return false;
@@ -89,7 +89,7 @@ template <typename Edit> void TypedEdit<Edit>::showStored(const QString& text)
     if (!label)
         return;
     label->setTextFormat(Qt::PlainText);
-    label->setText(u"保存されている値: "_s + text);
+    label->setText(text.isEmpty() ? QString() : u"保存されている値: "_s + text);
     label->setVisible(!text.isEmpty());
 }
 

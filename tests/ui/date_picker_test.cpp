@@ -153,7 +153,8 @@ TEST_F(DatePickerTest, RefusesWhatIsNoDate)
         QTest::keyClicks(&day, typed);
         EXPECT_FALSE(day.judge());
         EXPECT_EQ(messages.takeText(),
-                  u"『 "_s + typed + u" 』日付は 2027/12/31 のように入力して下さい。"_s);
+                  u"『 "_s + typed
+                      + u" 』は日付として読めません。\r\n2027/12/31 のように入力して下さい。"_s);
         EXPECT_EQ(day.text(), u"2024/01/31(水)"_s);
         QTest::keyClicks(&day, typed);
         leave();
@@ -170,7 +171,8 @@ TEST_F(DatePickerTest, RefusesWhatIsNoDate)
     time.setFocus();
     QTest::keyClicks(&time, u"25"_s);
     leave();
-    EXPECT_EQ(messages.takeText(), u"『 25:00 』時刻は 9:30 のように入力して下さい。"_s);
+    EXPECT_EQ(messages.takeText(),
+              u"『 25:00 』は時刻として読めません。\r\n9:30 のように入力して下さい。"_s);
 }
 
 TEST_F(DatePickerTest, StepsThePartAndDropsTheCalendarDown)

@@ -23,6 +23,7 @@ const KeyRows& listKeys()
         {u"選択した行を削除する"_s, u"Del"_s},
         {u"選択した行をコピーする"_s, u"Ctrl+C"_s},
         {u"行のメニューを開く"_s, u"Shift+F10"_s},
+        {u"暦の今日へ移動する"_s, u"Ctrl+T"_s},
         {u"前のページ・次のページ"_s, u"Ctrl+PageUp・Ctrl+PageDown"_s},
         {u"並べ替えた列がその文字で始まる行へ移動する"_s, u"文字キー"_s},
     };
@@ -32,9 +33,8 @@ const KeyRows& listKeys()
 const KeyRows& formKeys()
 {
     static const KeyRows keys{
-        {u"次の欄へ進む"_s, u"Enter・Tab"_s},
-        {u"保存する"_s, u"Ctrl+S・Ctrl+Enter"_s},
-        {u"閉じる（入力は残ります）"_s, u"Esc"_s},
+        {u"次の欄へ進む"_s, u"Enter・Tab"_s},     {u"日付の暦を開く"_s, u"F4"_s},
+        {u"保存する"_s, u"Ctrl+S・Ctrl+Enter"_s}, {u"閉じる（入力は残ります）"_s, u"Esc"_s},
         {u"この画面の使い方を見る"_s, u"F1"_s},
     };
     return keys;

@@ -86,7 +86,8 @@ TEST_F(UpkenmeiTest, WhatWasNotEditedIsNotRewritten)
     openToChange(key);
     type(control<QDateEdit>(u"DTPicker1"_s), u"20240431"_s);
     press("Command1");
-    EXPECT_EQ(messages.takeText(), u"『 20240431 』日付は 2027/12/31 のように入力して下さい。"_s);
+    EXPECT_EQ(messages.takeText(),
+              u"『 20240431 』は日付として読めません。\r\n2027/12/31 のように入力して下さい。"_s);
     press("Command1");
     EXPECT_EQ(stored(u"登録日 & 予定日"_s), u"2024/04/15(月)来月"_s);
 }
