@@ -72,14 +72,21 @@ class Sources:
         return hashlib.sha256(path.read_bytes()).hexdigest()
 
 
+def placeless(flags, root, build):
+    """Flags in which this checkout, its build and the user's cache go by fixed names. The compiler and
+    its launcher are no part of them: clang-tidy reads the source itself."""
+    for folder, name in ((build, "BUILD"), (root, "ROOT"), (cache_folder().parent, "CACHE")):
+        flags = flags.replace(str(folder), name)
+    return flags
+
+
 def key_of(sources, entry, build, versions):
     """What the verdict on a source depends on, as a file name."""
     hasher = hashlib.sha256(versions)
     settings = next(folder / ".clang-tidy" for folder in pathlib.Path(entry["file"]).parents
                     if (folder / ".clang-tidy").is_file())
     hasher.update(settings.read_bytes())
-    flags = entry["command"].replace(str(build), "BUILD").replace(str(sources.root), "ROOT")
-    hasher.update(flags.encode())
+    hasher.update(placeless(" ".join(flags_of(entry)), sources.root, build).encode())
     for path in sources.closure(pathlib.Path(entry["file"])):
         hasher.update(f"{path.relative_to(sources.root)} {sources.digest(path)}\n".encode())
     return hasher.hexdigest()

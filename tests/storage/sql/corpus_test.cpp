@@ -1,4 +1,5 @@
 #include "storage/sql/written.h"
+#include "support/tests_folder.h"
 
 #include <QFile>
 
@@ -20,7 +21,7 @@ struct CorpusCase {
 // remark, an indented line is what the statement before it resolves to.
 QList<CorpusCase> readCorpus(const QString& name)
 {
-    QFile file(QStringLiteral(CORVANE_TESTS_DIR "/storage/sql/") + name);
+    QFile file(testsFolder() + u"/storage/sql/"_s + name);
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
     QList<CorpusCase> cases;
     CorpusCase current;
