@@ -1,6 +1,8 @@
-# corvane_program(NAME PATH folder [WIDGETS] [WITHOUT source...] USES target...)
-#   One program of folder/**.cpp, or of folder.cpp alone. Left out while it has no sources. WITHOUT:
-#   sources in the folder that are programs by themselves.
+# corvane_program(NAME PATH folder [WIDGETS] [INSTALL|SUPPORT] [WITHOUT source...] USES target...)
+#   One program of folder/**.cpp, or of folder.cpp alone. Left out while it has no sources. INSTALL: it
+#   is installed, and looks for share/corvane beside its folder. SUPPORT: not for shops, it is installed
+#   only by cmake --install ... --component support. WITHOUT: sources in the folder that are programs by
+#   themselves.
 # corvane_templates()
 #   The read-only originals of the data files, made by make_templates into share/corvane.
 # corvane_help()
@@ -11,7 +13,7 @@
 #   One libFuzzer program for each source in the folder.
 
 function(corvane_program name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "WIDGETS" "PATH" "WITHOUT;USES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "WIDGETS;INSTALL;SUPPORT" "PATH" "WITHOUT;USES")
     corvane_sources(sources ${arg_PATH})
     foreach(other IN LISTS arg_WITHOUT)
         list(REMOVE_ITEM sources ${PROJECT_SOURCE_DIR}/${other})
@@ -28,7 +30,12 @@ function(corvane_program name)
     if(arg_WIDGETS)
         corvane_use_qt_generators(${name})
     endif()
-    install(TARGETS ${name} RUNTIME)
+    if(arg_INSTALL)
+        install(TARGETS ${name} RUNTIME DESTINATION bin COMPONENT program)
+    elseif(arg_SUPPORT)
+        install(TARGETS ${name} RUNTIME DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/corvane
+            COMPONENT support EXCLUDE_FROM_ALL)
+    endif()
 endfunction()
 
 function(corvane_templates)
@@ -58,7 +65,7 @@ function(corvane_templates)
     if(TARGET corvane)
         add_dependencies(corvane templates)
     endif()
-    install(FILES ${files} DESTINATION share/corvane)
+    install(FILES ${files} DESTINATION share/corvane COMPONENT program)
 endfunction()
 
 function(corvane_help)
@@ -75,7 +82,7 @@ function(corvane_help)
         DEPENDS ${pages} ${PROJECT_SOURCE_DIR}/tools/make_help.sh VERBATIM
         COMMENT "Compiling the help")
     add_custom_target(help_file ALL DEPENDS ${file})
-    install(FILES ${file} DESTINATION share/corvane)
+    install(FILES ${file} DESTINATION share/corvane COMPONENT program)
 endfunction()
 
 function(corvane_compiled_only name)

@@ -1,4 +1,4 @@
-# Sourced by run.sh and test.sh: the Debian packages that they need, and how missing ones are
+# Sourced by run.sh, test.sh and tools/make_deb.sh: the Debian packages that they need, and how missing ones are
 # installed. One line each: package | command that shows it is there (else dpkg is asked) | reason.
 
 build_packages="
@@ -30,7 +30,17 @@ python3              | python3      | runs the house's own checks
 clang-format-14      | clang-format-14 | checks the format
 clang-tidy-14        | clang-tidy-14 | looks for common mistakes
 libgtest-dev         |              | runs the tests
-libgmock-dev         |              | runs the tests"
+libgmock-dev         |              | runs the tests
+desktop-file-utils   | desktop-file-validate | checks the desktop entry
+appstream            | appstreamcli | checks the AppStream data
+man-db               | man          | checks the manual pages
+groff-base           | groff        | checks the manual pages"
+
+# Only tools/make_deb.sh wants them.
+package_packages="
+librsvg2-bin         | rsvg-convert | draws the icon in fixed sizes
+dpkg-dev             | dpkg-shlibdeps | finds the libraries that the package wants
+lintian              | lintian      | checks the package"
 
 is_there() { # package command
     if [ -n "$2" ]; then

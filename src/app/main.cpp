@@ -23,6 +23,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(u"corvane"_s);
     QCoreApplication::setApplicationVersion(core::versionText());
+    QGuiApplication::setDesktopFileName(QStringLiteral(CORVANE_DESKTOP_ID));
     ui::setUpApplication(application);
 
     const ui::WaitCursor waitCursor;

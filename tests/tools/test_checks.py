@@ -99,6 +99,14 @@ class Checks(CheckCase):
         self.write("README.md", "\n")
         self.expect("docs", "docs/decisions/0003-three.md", "\n", "1: is not the next number, 0002")
 
+    def test_notices_of_a_source(self):
+        self.write("a.c", "/*\n** License: MIT\n*/\nint a; /* says nothing */\n"
+                          "/*\n * License:   MIT\n */\n// Copyright 2016 A\n// All of it\nint b;\n"
+                          "/* The author disclaims copyright to this source code.  License: none */\n")
+        told = subprocess.run([sys.executable, str(ROOT / "tools/notices.py"), str(self.root / "a.c")],
+                              capture_output=True, text=True, check=True).stdout
+        self.assertEqual("/*\n** License: MIT\n*/\n\n// Copyright 2016 A\n// All of it\n", told)
+
     def test_tidy_reads_several_sources_as_one(self):
         if shutil.which("clang-tidy-14") is None:
             self.skipTest("clang-tidy-14 is missing")
