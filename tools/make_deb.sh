@@ -38,6 +38,7 @@ Maintainer: $maintainer
 Package: corvane
 Architecture: any
 EOF
+# The icons are drawn by a plug-in of libqt6svg6, which no library names.
 libraries=$(cd "$work" && dpkg-shlibdeps -O debian/corvane/usr/bin/corvane | sed 's/^shlibs:Depends=//')
 cat >"$stage/DEBIAN/control" <<EOF
 Package: corvane
@@ -45,7 +46,7 @@ Version: $version
 Architecture: $(dpkg --print-architecture)
 Maintainer: $maintainer
 Installed-Size: $(du -k --apparent-size -s "$stage/usr" | cut -f1)
-Depends: $libraries, fonts-noto-cjk, qt6-translations-l10n, xdg-utils
+Depends: $libraries, libqt6svg6, fonts-noto-cjk, qt6-translations-l10n, xdg-utils
 Recommends: fonts-ipafont-gothic
 Suggests: fcitx5-frontend-qt6
 Section: misc
