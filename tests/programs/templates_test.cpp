@@ -3,6 +3,7 @@
 #include "storage/connection.h"
 #include "storage/recordset.h"
 #include "storage/schema/catalog.h"
+#include "support/files.h"
 #include "support/scratch_folder.h"
 
 #include <gmock/gmock.h>
@@ -51,14 +52,11 @@ TEST(Templates, AreNotWrittenOverAFile)
 {
     const ScratchFolder folder;
     const QString path = folder.filePath(u"Care.mdb"_s);
-    QFile care(path);
-    ASSERT_TRUE(care.open(QIODevice::WriteOnly));
-    care.write("ours");
-    care.close();
+    ASSERT_TRUE(writeBytes(path, "ours"));
     const ProgramResult result = runProgram(u"make_templates"_s, {folder.path()});
     EXPECT_EQ(result.status, 1);
     EXPECT_THAT(result.errors.toStdString(), testing::HasSubstr("Care.mdb"));
-    EXPECT_EQ(care.size(), 4);
+    EXPECT_EQ(contentOf(path), "ours");
 }
 
 TEST(Templates, AskForAFolderAndAKnownVersion)

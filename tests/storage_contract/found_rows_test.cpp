@@ -98,6 +98,39 @@ TEST_F(FoundRows, AreTheStatementsInItsOrderWhereverOneBegins)
     }
 }
 
+// Also of statements whose rows are not those of one table.
+TEST_F(FoundRows, OfAPageAreThoseReadForward)
+{
+    const QString joined = u"FROM 控え LEFT JOIN 品目 ON 控え.数 = 品目.数量 + 40 "_s;
+    const QString statements[] = {
+        u"SELECT 番号 & '/' & ﾒｰｶｰ AS 表示 FROM 品目 WHERE 数量 < 900 ORDER BY ﾒｰｶｰ ,数量 DESC"_s,
+        u"SELECT 数量 FROM 品目 WHERE 名称 Like '品[1-3]%' AND 数量 < 900 ORDER BY 名称, 番号"_s,
+        u"SELECT 品目.番号, 控え.* FROM 品目 INNER JOIN 控え ON 控え.数 = 品目.数量 "
+        u"ORDER BY 品目.ﾒｰｶｰ DESC ,品目.番号"_s,
+        u"SELECT 控え.数, 品目.番号 "_s + joined + u"ORDER BY 控え.数 DESC"_s,
+        u"SELECT b.番号, a.番号 AS 次 FROM 品目 AS b LEFT JOIN 品目 AS a ON b.番号 + 1 = a.数量 "
+        u"WHERE b.番号 > 8500 ORDER BY b.番号 DESC"_s,
+        u"SELECT DISTINCT ﾒｰｶｰ FROM 品目 ORDER BY ﾒｰｶｰ"_s,
+        u"SELECT TOP 25 番号, 名称 FROM 品目 ORDER BY 番号 DESC"_s,
+    };
+    for (const QString& statement : statements) {
+        SCOPED_TRACE(statement.toStdString());
+        QStringList forward;
+        for (const QString& row : rows(statement))
+            forward += row.section(u'|', 0, 0);
+        ASSERT_FALSE(forward.isEmpty());
+        for (const int pageSize : {7, 1000}) {
+            Recordset list;
+            list.setPageSize(pageSize);
+            ASSERT_TRUE(list.open(statement, connection));
+            QStringList turned;
+            for (qint64 page = 1; page <= list.pageCount() && list.setAbsolutePage(page); ++page)
+                turned += window(list, list.absolutePosition(), pageSize);
+            EXPECT_EQ(turned, forward) << pageSize;
+        }
+    }
+}
+
 TEST_F(FoundRows, TellWhereARowStands)
 {
     const QString list = u"SELECT 番号, 名称 FROM 品目 "_s;

@@ -155,23 +155,6 @@ TEST_F(RecordsetTest, FieldsAreFoundAsStatementsFindColumns)
     EXPECT_EQ(takeErrors(), (QList{ErrorKind::Name, ErrorKind::State}));
 }
 
-TEST_F(RecordsetTest, TypesComeBackAsTheyWereWritten)
-{
-    execute(u"INSERT INTO 品目 (数量, 単価, 名称, 更新日時) "
-            "VALUES (-2147483648, 0.5, '1', #2004/02/29 01:02:03#)"_s);
-    execute(u"INSERT INTO 品目 (単価) VALUES (3)"_s);
-    Recordset rows;
-    ASSERT_TRUE(rows.open(u"品目"_s, connection));
-    EXPECT_EQ(rows.value(u"番号"), Value(1));
-    EXPECT_EQ(rows.value(u"数量"), Value(qint64{-2147483648}));
-    EXPECT_EQ(rows.value(u"単価"), Value(0.5));
-    EXPECT_EQ(rows.value(u"名称"), Value(u"1"_s));
-    EXPECT_EQ(rows.value(u"更新日時"), Value::fromDateTimeText(u"2004/02/29 01:02:03.000"_s));
-    rows.moveNext();
-    EXPECT_EQ(rows.text(u"単価"), u"3"_s);
-    EXPECT_TRUE(rows.value(u"更新日時").isNull());
-}
-
 TEST_F(RecordsetTest, AShortResultLeftOpenLetsOthersWrite)
 {
     fill(64);

@@ -40,15 +40,6 @@ void ScratchFile::TearDown()
     EXPECT_EQ(connection.transactionDepth(), 0);
 }
 
-QList<ErrorKind> ScratchFile::takeErrors(Connection& from)
-{
-    QList<ErrorKind> kinds;
-    for (const Error& error : from.errors())
-        kinds += error.kind;
-    from.clearErrors();
-    return kinds;
-}
-
 void ScratchFile::execute(Connection& on, const QString& statement)
 {
     EXPECT_TRUE(on.execute(statement))
@@ -57,18 +48,10 @@ void ScratchFile::execute(Connection& on, const QString& statement)
 
 QStringList ScratchFile::rows(Connection& from, const QString& statement)
 {
-    QStringList result;
-    Recordset recordset;
-    EXPECT_TRUE(recordset.open(statement, from)) << from.lastError().message.toStdString();
-    for (; !recordset.eof(); recordset.moveNext()) {
-        QStringList fields;
-        for (int i = 0; i < recordset.fieldCount(); ++i) {
-            const Value value = recordset.value(i);
-            fields += value.isNull() ? u"-"_s : value.toText();
-        }
-        result += fields.join(u'|');
-    }
-    return result;
+    const qsizetype failures = from.errors().size();
+    const QStringList found = rowsOf(from, statement);
+    EXPECT_EQ(from.errors().size(), failures) << from.lastError().message.toStdString();
+    return found;
 }
 
 void ScratchFile::fill(int count)

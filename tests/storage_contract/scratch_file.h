@@ -5,6 +5,7 @@
 #include "storage/schema/definitions.h"
 #include "support/scratch_folder.h"
 #include "support/storage/refusals.h"
+#include "support/storage/rows.h"
 
 #include <gtest/gtest.h>
 
@@ -34,7 +35,10 @@ protected:
 
     // The kinds of what has failed so far; forgets them.
     QList<storage::ErrorKind> takeErrors() { return takeErrors(connection); }
-    static QList<storage::ErrorKind> takeErrors(storage::Connection& from);
+    static QList<storage::ErrorKind> takeErrors(storage::Connection& from)
+    {
+        return ::takeErrors(from);
+    }
     void execute(const QString& statement) { execute(connection, statement); }
     static void execute(storage::Connection& on, const QString& statement);
     // All rows, the fields of each joined by "|" and Null as "-".

@@ -29,6 +29,7 @@ TEST_F(Values, AreBroughtToTheColumnsTypeHoweverTheyAreWritten)
     } cases[] = {
         {u"数量"_s, 7.6, u"8"_s},
         {u"数量"_s, 2.5, u"2"_s},
+        {u"数量"_s, 3.5, u"4"_s},
         {u"数量"_s, -3.5, u"-4"_s},
         {u"数量"_s, u" ４2 "_s, u"42"_s},
         {u"数量"_s, u"1e3"_s, u"1000"_s},
@@ -74,8 +75,14 @@ TEST_F(Values, AreBroughtToTheColumnsTypeHoweverTheyAreWritten)
             else
                 EXPECT_TRUE(connection.execute(statement, values)) << statement.toStdString();
         }
+        Recordset row;
+        ASSERT_TRUE(row.open(u"品目"_s, connection, CursorType::Dynamic, LockType::Optimistic));
+        ASSERT_TRUE(row.addNew());
+        EXPECT_EQ(row.setValue(column, given), !kept.isEmpty()) << text.toStdString();
+        EXPECT_TRUE(kept.isEmpty() ? takeErrors() == QList{ErrorKind::Type} : row.update());
+        row.close();
         EXPECT_EQ(rows(u"SELECT "_s + column + u" FROM 品目"_s),
-                  kept.isEmpty() ? QStringList{u"-"_s} : QStringList(4, kept))
+                  kept.isEmpty() ? QStringList{u"-"_s} : QStringList(5, kept))
             << column.toStdString() << ' ' << text.toStdString();
     }
 }

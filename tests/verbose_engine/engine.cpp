@@ -1,4 +1,5 @@
 #include "storage/engine/engine.h"
+#include "storage/engine/sqlite/dialect.h"
 #include "storage_contract/scratch_file.h"
 
 using namespace Qt::StringLiterals;
@@ -16,10 +17,8 @@ namespace {
 // Stands before every pattern that is bound, and is taken off again where it is used.
 const QString PatternMark = u"pattern:"_s;
 
-class VerboseDialect final : public sql::Dialect {
+class VerboseDialect final : public sqlite::SqliteDialect {
 public:
-    explicit VerboseDialect(const sql::Dialect& plain) : m_plain(plain) {}
-
     QString source(const schema::Table& table, const QString& alias) const override
     {
         return u"main."_s + name(table.name()) + u" AS "_s
@@ -37,45 +36,13 @@ public:
     QString likePattern(const QString& pattern) const override { return PatternMark + pattern; }
     QString like(const QStringList& parts, const QString& pattern) const override
     {
-        return m_plain.like(parts,
-                            u"substr("_s + pattern + u", "_s
-                                + QString::number(PatternMark.size() + 1) + u')');
+        return SqliteDialect::like(parts,
+                                   u"substr("_s + pattern + u", "_s
+                                       + QString::number(PatternMark.size() + 1) + u')');
     }
-
-    QString name(const QString& identifier) const override { return m_plain.name(identifier); }
-    QString fold(const QString& expression) const override { return m_plain.fold(expression); }
-    QString key(const QString& expression) const override { return m_plain.key(expression); }
-    QString join(const QStringList& parts) const override { return m_plain.join(parts); }
-    QString between(const QString& tested, const QString& bound,
-                    const QString& other) const override
-    {
-        return m_plain.between(tested, bound, other);
-    }
-    QString fitted(const QString& expression, const schema::Column& column, const QString& rowLabel,
-                   const QString& row) const override
-    {
-        return m_plain.fitted(expression, column, rowLabel, row);
-    }
-    QString nextStamp(const QString& old, const QString& written) const override
-    {
-        return m_plain.nextStamp(old, written);
-    }
-    QString rowAddress(const schema::Table& table, const QString& alias) const override
-    {
-        return m_plain.rowAddress(table, alias);
-    }
-    QString isAmong(const QString& address, const QString& list) const override
-    {
-        return m_plain.isAmong(address, list);
-    }
-    QString window(qint64 limit, qint64 offset) const override
-    {
-        return m_plain.window(limit, offset);
-    }
-    QString columnDefinition(const schema::Column& column, bool isKey) const override
-    {
-        return m_plain.columnDefinition(column, isKey);
-    }
+    // What the embedded engine says otherwise by itself is as any engine has it.
+    QString inListOrder() const override { return Dialect::inListOrder(); }
+    QString unindexed(const QString& expression) const override { return expression; }
 
 private:
     static QString wordFor(schema::ColumnType type)
@@ -92,16 +59,11 @@ private:
         }
         return u"TEXT"_s;
     }
-
-    const sql::Dialect& m_plain;
 };
 
 class VerboseSession final : public Session {
 public:
-    explicit VerboseSession(std::unique_ptr<Session> plain)
-        : m_plain(std::move(plain)), m_dialect(m_plain->dialect())
-    {
-    }
+    explicit VerboseSession(std::unique_ptr<Session> plain) : m_plain(std::move(plain)) {}
 
     const sql::Dialect& dialect() const override { return m_dialect; }
     std::unique_ptr<Cursor> prepare(const sql::Emitted& statement, Error* error) override

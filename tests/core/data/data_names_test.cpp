@@ -3,7 +3,6 @@
 #include "support/core/data/core_test.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <gmock/gmock.h>
 
@@ -19,14 +18,9 @@ using Box = ScriptedMessages::Box;
 
 namespace {
 
-const QString registeredRows =
-    u"SELECT 種類,ﾃﾞｰﾀ,ﾊﾟｽﾜｰﾄﾞ FROM main WHERE 種類 Like '%管理' ORDER BY [No]"_s;
-
 class DataNames : public CoreTest {
 protected:
     void SetUp() override { openFolder(); }
-
-    bool isThere(const QString& name) const { return QFileInfo::exists(file(name)); }
 
     // A row with a name that it could not get today, with its file.
     DataFileEntry addOld(const QString& name)
@@ -41,8 +35,6 @@ protected:
         }
         return {};
     }
-
-    QString pathOf(const QString& name) const { return file(u"Corvane/"_s + name + u".mdb"_s); }
 };
 
 const QString characters =
@@ -75,8 +67,8 @@ TEST_F(DataNames, ThatNoFileSystemCanHoldAreRefusedBeforeAnythingIsWritten)
         EXPECT_FALSE(AddDataFile(shared, DataKind::Customer, name, {}));
         EXPECT_THAT(messages.takeBoxes(), ElementsAre(Box{16, message}));
     }
-    EXPECT_THAT(rows(registeredRows), IsEmpty());
-    EXPECT_FALSE(isThere(u"Corvane"_s));
+    EXPECT_THAT(registered(), IsEmpty());
+    EXPECT_FALSE(QFile::exists(file(u"Corvane"_s)));
 
     const DataFileEntry entry = add(DataKind::Customer, QString(81, u'長')); // just fits
     for (const auto& [name, message] : refused) {
@@ -106,7 +98,7 @@ TEST_F(DataNames, OfOldStillOpenAndKeepTheirName)
         EXPECT_TRUE(ChangeDataFile(shared, entry, name, u"鍵"_s));
         EXPECT_FALSE(ChangeDataFile(shared, entry, u"b:c"_s, u"別"_s));
         EXPECT_EQ(messages.takeBoxes().last(), (Box{16, characters}));
-        EXPECT_THAT(rows(registeredRows), ElementsAre(u"顧客管理|"_s + name + u"|鍵"_s));
+        EXPECT_THAT(registered(), ElementsAre(u"顧客管理|"_s + name + u"|鍵"_s));
 
         EXPECT_TRUE(ChangeDataFile(shared, entry, u"新"_s, {}));
         EXPECT_TRUE(QFile::exists(pathOf(u"新"_s)));
@@ -148,5 +140,5 @@ TEST_F(DataNames, AFileOfTheFoldersNameIsTold)
     EXPECT_EQ(messages.takeText(),
               u"フォルダー 『 "_s + file(u"Corvane"_s)
                   + u" 』 を作成できません。同じ名前のファイルがあります。"_s);
-    EXPECT_THAT(rows(registeredRows), IsEmpty());
+    EXPECT_THAT(registered(), IsEmpty());
 }

@@ -6,6 +6,7 @@
 #include "core/data/program_folder.h"
 #include "core/data/start_up.h"
 #include "support/core/data/core_test.h"
+#include "support/files.h"
 #include "support/storage/refusals.h"
 
 #include <QDir>
@@ -49,19 +50,10 @@ protected:
 
     bool start() { return core::Main(shared, {folder(), {}}); }
 
-    bool overwrite(const QByteArray& content) const
-    {
-        QFile written(path);
-        return written.open(QIODevice::WriteOnly) && written.write(content) == content.size();
-    }
+    bool overwrite(const QByteArray& content) const { return writeBytes(path, content); }
 
     // As somebody does who restores a copy over the file, or puts it in its place.
-    void restore() const
-    {
-        QFile kept(file(u"kept"_s));
-        ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
-        ASSERT_TRUE(overwrite(kept.readAll()));
-    }
+    void restore() const { ASSERT_TRUE(overwrite(contentOf(file(u"kept"_s)))); }
 
     void replace() const
     {

@@ -1,6 +1,7 @@
 #include "core/data/program_folder.h"
 
 #include "core/data/data_kind.h"
+#include "support/files.h"
 
 #include <QDir>
 #include <QFile>
@@ -36,17 +37,11 @@ protected:
     void write(const QString& name, const QByteArray& bytes) const
     {
         QDir().mkpath(QFileInfo(path(name)).path());
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        file.setPermissions(QFile::ReadOwner); // as installed
+        ASSERT_TRUE(writeBytes(path(name), bytes));
+        QFile::setPermissions(path(name), QFile::ReadOwner); // as installed
     }
 
-    QByteArray read(const QString& name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("missing");
-    }
+    QByteArray read(const QString& name) const { return contentOf(path(name)); }
 
     core::ProgramFolder find() const { return core::findProgramFolder(path(u"bin"_s)); }
 

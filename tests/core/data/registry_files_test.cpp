@@ -3,6 +3,7 @@
 #include "core/data/main_database.h"
 #include "support/child_process.h"
 #include "support/core/data/core_test.h"
+#include "support/files.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -55,14 +56,6 @@ protected:
         }
         return now;
     }
-
-    static QByteArray contentOf(const QString& path)
-    {
-        QFile read(path);
-        return read.open(QIODevice::ReadOnly) ? read.readAll() : QByteArray("missing");
-    }
-
-    QString pathOf(const QString& name) const { return file(u"Corvane/"_s + name + u".mdb"_s); }
 
     // A registered file that can be told from others by its content.
     DataFileEntry addWith(const QString& name, const QByteArray& content)

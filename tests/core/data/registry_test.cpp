@@ -21,9 +21,6 @@ using Box = ScriptedMessages::Box;
 
 namespace {
 
-const QString registryRows =
-    u"SELECT 種類,ﾃﾞｰﾀ,ﾊﾟｽﾜｰﾄﾞ FROM main WHERE 種類 Like '%管理' ORDER BY [No]"_s;
-
 class Registry : public CoreTest {
 protected:
     void SetUp() override { openFolder(); }
@@ -54,7 +51,7 @@ TEST_F(Registry, AddWritesTheRowAndCopiesTheTemplate)
     EXPECT_EQ(messages.takeText(),
               u"データ名 『 見本 』 が追加されました。\r\n"
               "パスワードは 『  』 です。"_s);
-    EXPECT_THAT(rows(registryRows), ElementsAre(u"顧客管理|見本|秘密"_s, u"修理管理|見本|Null"_s));
+    EXPECT_THAT(registered(), ElementsAre(u"顧客管理|見本|秘密"_s, u"修理管理|見本|Null"_s));
 
     for (const QString& made : {u"Corvane/見本.mdb"_s, u"Care/見本.mdb"_s}) {
         storage::Connection opened;
@@ -70,7 +67,7 @@ TEST_F(Registry, AddNeverWritesOverWhatIsThere)
         EXPECT_FALSE(AddDataFile(shared, DataKind::Customer, name, {}));
         EXPECT_THAT(messages.takeBoxes(), ElementsAre(Box{16, u"同じデータ名が存在します。"_s}));
     }
-    EXPECT_THAT(rows(registryRows), ElementsAre(u"顧客管理|見本|Null"_s));
+    EXPECT_THAT(registered(), ElementsAre(u"顧客管理|見本|Null"_s));
     EXPECT_EQ(QFileInfo(file(u"Corvane/迷子.mdb"_s)).size(), 15);
 }
 
@@ -79,7 +76,7 @@ TEST_F(Registry, AMissingTemplateIsNotReported)
     QFile::remove(file(u"Care.mdb"_s));
     EXPECT_TRUE(AddDataFile(shared, DataKind::Repair, u"修理"_s, {}));
     EXPECT_EQ(messages.takeBoxes().size(), 1);
-    EXPECT_THAT(rows(registryRows), ElementsAre(u"修理管理|修理|Null"_s));
+    EXPECT_THAT(registered(), ElementsAre(u"修理管理|修理|Null"_s));
 }
 
 TEST_F(Registry, ChangeRewritesTheRowAndMovesTheFile)
@@ -90,7 +87,7 @@ TEST_F(Registry, ChangeRewritesTheRowAndMovesTheFile)
                 ElementsAre(Box{64,
                                 u"データ名が 『 旧 』 から 『 新 』 に変更されました。\r\n"
                                 "パスワードが 『 p1 』 から 『  』 に変更されました。"_s}));
-    EXPECT_THAT(rows(registryRows), ElementsAre(u"顧客管理|新|Null"_s));
+    EXPECT_THAT(registered(), ElementsAre(u"顧客管理|新|Null"_s));
     EXPECT_FALSE(isThere(u"Corvane/旧.mdb"_s));
     EXPECT_TRUE(isThere(u"Corvane/新.mdb"_s));
 
@@ -98,7 +95,7 @@ TEST_F(Registry, ChangeRewritesTheRowAndMovesTheFile)
     const DataFileEntry renamed = entries(DataKind::Customer).first();
     EXPECT_TRUE(ChangeDataFile(shared, renamed, u"新"_s, u"p2"_s));
     EXPECT_EQ(messages.takeBoxes().first().style, 64);
-    EXPECT_THAT(rows(registryRows), ElementsAre(u"顧客管理|新|p2"_s));
+    EXPECT_THAT(registered(), ElementsAre(u"顧客管理|新|p2"_s));
 }
 
 TEST_F(Registry, AFailedRenameLeavesTheRowChanged)
@@ -122,7 +119,7 @@ TEST_F(Registry, AFailedRenameLeavesTheRowChanged)
         EXPECT_THAT(messages.takeBoxes(), ElementsAre(Box{16, u"ﾌｧｲﾙが見つかりません。"_s}));
     }
     EXPECT_THAT(
-        rows(registryRows),
+        registered(),
         ElementsAre(u"顧客管理|発見|Null"_s, u"顧客管理|上書き|Null"_s, u"顧客管理|空き|Null"_s));
     EXPECT_EQ(QFileInfo(file(u"Corvane/先客.mdb"_s)).size(), 1);
     EXPECT_TRUE(isThere(u"Corvane/上書き.mdb"_s));
@@ -152,7 +149,7 @@ TEST_F(Registry, DeleteAsksAndRemovesRowAndFile)
     messages.willAnswer(Answer::Yes);
     EXPECT_TRUE(DeleteDataFile(shared, kept));
     messages.takeBoxes();
-    EXPECT_THAT(rows(registryRows), IsEmpty());
+    EXPECT_THAT(registered(), IsEmpty());
 }
 
 TEST_F(Registry, ListsAreSortedByNameAndKeptApartByKind)

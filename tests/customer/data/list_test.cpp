@@ -4,6 +4,9 @@
 #include "records/data/record_list.h"
 #include "records/data/schedule.h"
 #include "support/customer/data/customer_test.h"
+#include "support/files.h"
+
+#include <QFileInfo>
 
 #include <gmock/gmock.h>
 
@@ -37,6 +40,28 @@ protected:
     QStringList titlesOf(const ListFilter& filter)
     {
         return cellsOf(*openList(file, caseList(), filter, {}, {}), 3);
+    }
+
+    // How many rows of the first page show that they cannot be read.
+    int unreadableRows()
+    {
+        const auto list = openList(file, customer::customerList(), {}, {}, {});
+        const QList<core::ListRow> rows = list->rows(0, static_cast<int>(list->count()));
+        int unreadable = 0;
+        for (const core::ListRow& row : rows)
+            unreadable += row.cells.first() == u"（読めない行）" ? 1 : 0;
+        if (unreadable == 0 || unreadable == rows.size()) // or the page that leads to all others
+            return 0;
+        EXPECT_EQ(rows.size(), 100);
+        EXPECT_LT(unreadable, 50);
+        EXPECT_EQ(
+            messages.takeText(),
+            u"データを読めませんでした。\r\nファイルの一部が壊れている為、読み込めません。"_s);
+        EXPECT_EQ(takeErrors(), QList{storage::ErrorKind::Unreadable});
+        list->setPage(2);
+        list->rows(0, 100); // is not told again
+        EXPECT_TRUE(messages.takeBoxes().isEmpty());
+        return unreadable;
     }
 };
 
@@ -217,6 +242,32 @@ TEST_F(ListTest, LogsOfACase)
     const core::ListRow row = list->rows(0, 1).first();
     EXPECT_EQ(row.cells, (QStringList{u"2024/04/01(月)"_s, u"鈴木"_s, u"訪問"_s}));
     EXPECT_EQ(core::RecordKey::fromText(row.key).id, 2);
+}
+
+// A page of the file that holds customers and no index is written over.
+TEST_F(ListTest, TellsOnceWhatItCannotReadAndShowsTheRest)
+{
+    constexpr int Customers = 300;
+    for (int i = 1; i <= Customers; ++i) {
+        const QString name = QString::number(i).rightJustified(3, u'0') + QString(40, u'客');
+        execute(u"INSERT INTO ユーザー (ﾕｰｻﾞｰ識別ID, ﾕｰｻﾞｰID, 表示名, 表示名ﾌﾘｶﾞﾅ) VALUES (0, "_s
+                + QString::number(i) + u", '"_s + name + u"', '"_s + name + u"')"_s);
+    }
+    file.connection.close();
+    constexpr qint64 Page = 4096;
+    const qint64 pages = QFileInfo(path()).size() / Page;
+    int damaged = 0;
+    for (qint64 page = 3; page < pages && damaged == 0; ++page) {
+        SCOPED_TRACE(page);
+        const QByteArray sound = overwrite(path(), page * Page, QByteArray(Page, 'x'));
+        if (open())
+            damaged = unreadableRows();
+        messages.takeBoxes(); // damage elsewhere: in an index, or in what is read when it is opened
+        file.connection.close();
+        file.connection.clearErrors();
+        ASSERT_EQ(overwrite(path(), page * Page, sound).size(), Page);
+    }
+    EXPECT_GT(damaged, 0);
 }
 
 } // namespace

@@ -224,27 +224,6 @@ TEST_F(KokyakuTest, SortingTurnsToTheSelectedRecord)
     EXPECT_TRUE(QTest::qWaitFor([&pages] { return pages.value() == 1; }));
 }
 
-TEST_F(KokyakuTest, ARefusedSearchLeavesEverythingAsItWas)
-{
-    execute(u"INSERT INTO カスタム検索 (カスタム検索識別ID, 文字列, 順位) VALUES (0, '[ｱ', 1)"_s);
-    openScreen();
-    choose({u"か行"_s});
-    chooseRow(1, 0);
-    const QStringList before = cells(1, 0);
-    for (int time = 0; time < 2; ++time) {
-        auto& tree = control<QTreeWidget>("TreeView1");
-        tree.setCurrentItem(tree.topLevelItem(0)->child(13)->child(0));
-        EXPECT_TRUE(messages.takeText().startsWith(u"データを読めませんでした。"_s));
-        EXPECT_EQ(cells(1, 0), before);
-        EXPECT_EQ(caption("lblKokya"), u"か行"_s);
-        EXPECT_EQ(tree.currentItem()->text(0), u"か行"_s);
-        EXPECT_EQ(list(1).currentIndex().row(), 0);
-        screenFile->connection.clearErrors();
-        screen->refillLists(); // and it is not told again
-        EXPECT_TRUE(messages.takeBoxes().isEmpty());
-    }
-}
-
 TEST_F(KokyakuTest, TheNodeChosenLastComesBackWithItsChildAndItsSearch)
 {
     execute(u"INSERT INTO カスタム検索 (カスタム検索識別ID, 文字列, 順位) VALUES (0, '花子', 1)"_s);

@@ -3,6 +3,7 @@
 #include "storage/engine/engine.h"
 #include "storage_contract/scratch_file.h"
 #include "support/child_process.h"
+#include "support/files.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -21,19 +22,6 @@ namespace {
 std::optional<ErrorKind> kindOf(const std::optional<Error>& error)
 {
     return error ? std::optional(error->kind) : std::nullopt;
-}
-
-QByteArray contentOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("not there");
-}
-
-void write(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    ASSERT_EQ(file.write(bytes), bytes.size());
 }
 
 // A copy of the program that is killed in the middle of a transaction of which a part has reached
@@ -83,31 +71,16 @@ protected:
     QString other() const { return path(u"別.mdb"_s); }
 };
 
-TEST_F(DataFiles, CreateCopiesATemplateUnderANameThatIsFree)
+TEST_F(DataFiles, CreateCopiesATemplateAndReplacesAHalfCopyOfAnEarlierTry)
 {
-    EXPECT_EQ(kindOf(data_files::create(path(), other())), std::nullopt);
-    EXPECT_EQ(contentOf(other()), contentOf(path()));
-    expectWhole(other());
-
-    const QString third = path(u"三.mdb"_s);
-    write(third + u"-journal"_s, "journal of another file");
-    const QString missingFolder = path(u"無い/四.mdb"_s);
-    EXPECT_EQ(kindOf(data_files::create(path(), other())), ErrorKind::Exists);
-    EXPECT_EQ(kindOf(data_files::create(path(), third)), ErrorKind::Exists);
-    EXPECT_FALSE(data_files::exists(third));
-    EXPECT_EQ(kindOf(data_files::create(path(u"無い.mdb"_s), path(u"五.mdb"_s))),
-              ErrorKind::Missing);
-    EXPECT_TRUE(data_files::create(path(), missingFolder));
-    EXPECT_FALSE(data_files::exists(missingFolder));
-    expectWhole(other());
-}
-
-TEST_F(DataFiles, AHalfCopyOfAnEarlierTryIsReplaced)
-{
-    write(other() + u".new"_s, "half a copy");
+    ASSERT_TRUE(writeBytes(other() + u".new"_s, "half a copy"));
     EXPECT_EQ(kindOf(data_files::create(path(), other())), std::nullopt);
     EXPECT_FALSE(QFileInfo::exists(other() + u".new"_s));
+    EXPECT_EQ(contentOf(other()), contentOf(path()));
     expectWhole(other());
+    const QString missingFolder = path(u"無い/四.mdb"_s);
+    EXPECT_TRUE(data_files::create(path(), missingFolder));
+    EXPECT_FALSE(data_files::exists(missingFolder));
 }
 
 TEST_F(DataFiles, RenameRollsALeftOverJournalBack)
@@ -141,34 +114,18 @@ TEST_F(DataFiles, RemoveTakesTheJournalAlong)
     EXPECT_EQ(kindOf(data_files::remove(path())), ErrorKind::Missing);
 }
 
-TEST_F(DataFiles, NothingIsDoneToAFileInUse)
-{
-    const QByteArray before = contentOf(path());
-    {
-        const OtherCopy copy(path());
-        EXPECT_EQ(kindOf(data_files::rename(path(), other(), Password)), ErrorKind::InUse);
-        EXPECT_EQ(kindOf(data_files::remove(path())), ErrorKind::InUse);
-        EXPECT_EQ(kindOf(data_files::compact(path(), other(), Password)), ErrorKind::InUse);
-    }
-    EXPECT_FALSE(data_files::exists(other()));
-    EXPECT_EQ(contentOf(path()), before);
-}
-
 TEST_F(DataFiles, WhatIsThereIsNeverOverwritten)
 {
-    write(other(), "short");
     const QString free = path(u"空き.mdb"_s);
-    EXPECT_EQ(kindOf(data_files::rename(path(), other(), Password)), ErrorKind::Exists);
-    EXPECT_EQ(kindOf(data_files::compact(path(), other(), Password)), ErrorKind::Exists);
+    ASSERT_TRUE(writeBytes(other(), "short"));
+    ASSERT_TRUE(writeBytes(free + u"-journal"_s, "journal of another file"));
+    for (const QString& to : {other(), free}) {
+        EXPECT_EQ(kindOf(data_files::create(path(), to)), ErrorKind::Exists);
+        EXPECT_EQ(kindOf(data_files::rename(path(), to, Password)), ErrorKind::Exists);
+        EXPECT_EQ(kindOf(data_files::compact(path(), to, Password)), ErrorKind::Exists);
+    }
     EXPECT_EQ(contentOf(other()), "short");
-    write(free + u"-journal"_s, "journal of another file");
-    EXPECT_EQ(kindOf(data_files::rename(path(), free, Password)), ErrorKind::Exists);
-    EXPECT_EQ(kindOf(data_files::compact(path(), free, Password)), ErrorKind::Exists);
     EXPECT_FALSE(data_files::exists(free));
-    const QString missing = path(u"無い.mdb"_s);
-    EXPECT_EQ(kindOf(data_files::rename(missing, path(u"七.mdb"_s), Password)), ErrorKind::Missing);
-    EXPECT_EQ(kindOf(data_files::compact(missing, path(u"七.mdb"_s), Password)),
-              ErrorKind::Missing);
     expectWhole(path());
 }
 
@@ -211,27 +168,6 @@ TEST_F(DataFiles, AStepThatRunsOutOfSpaceLeavesNothingBehind)
         for (const QString& left : {other(), other() + u".new"_s, other() + u"-journal"_s})
             EXPECT_FALSE(QFileInfo::exists(left)) << left.toStdString();
         expectWhole(path());
-    }
-}
-
-TEST_F(DataFiles, AKillDuringCompactionLosesNothing)
-{
-    const int kills = rounds("CORVANE_KILLS", 5);
-    for (int kill = 0; kill < kills; ++kill) {
-        SCOPED_TRACE(kill);
-        ChildProcess child([this] {
-            while (!data_files::compact(path(), other(), Password))
-                QFile::remove(other());
-            return true;
-        });
-        usleep(static_cast<useconds_t>(30'000 + kill * 7'000 % 60'000));
-        child.killNow();
-        expectWhole(path());
-        if (data_files::exists(other())) {
-            EXPECT_EQ(kindOf(data_files::compact(path(), other(), Password)), ErrorKind::Exists);
-        }
-        QFile::remove(other());
-        QFile::remove(other() + u"-journal"_s);
     }
 }
 

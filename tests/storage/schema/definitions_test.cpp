@@ -58,6 +58,7 @@ Value seeded(const Definition& definition, const QString& table, const QString& 
     return {};
 }
 
+// That indexes and first rows name what is there shows when a file is made of them.
 class Definitions : public testing::TestWithParam<File> {};
 
 TEST_P(Definitions, NamesAreToldApartAfterFolding)
@@ -68,30 +69,6 @@ TEST_P(Definitions, NamesAreToldApartAfterFolding)
             EXPECT_EQ(catalog.find(table.name()), &table);
             for (qsizetype i = 0; i < table.columns().size(); ++i)
                 EXPECT_EQ(table.indexOf(table.columns()[i].name), i) << table.name().toStdString();
-        }
-    }
-}
-
-TEST_P(Definitions, IndexesAndFirstRowsNameWhatIsThere)
-{
-    for (const Version version : {Version::V300, Version::V311}) {
-        const Definition definition = GetParam().define(version);
-        const Catalog catalog = catalogFrom(definition);
-        QSet<QString> names;
-        for (const Index& index : definition.indexes) {
-            EXPECT_TRUE(index.name.startsWith(u'_'));
-            EXPECT_FALSE(names.contains(index.name)) << index.name.toStdString();
-            names.insert(index.name);
-            const Table* table = catalog.find(index.table);
-            ASSERT_NE(table, nullptr) << index.table.toStdString();
-            for (const IndexPart& part : index.parts)
-                EXPECT_GE(table->indexOf(part.column), 0) << index.name.toStdString();
-        }
-        for (const SeedRow& row : definition.rows) {
-            const Table* table = catalog.find(row.table);
-            ASSERT_NE(table, nullptr) << row.table.toStdString();
-            for (const auto& [column, value] : row.values)
-                EXPECT_GE(table->indexOf(column), 0) << column.toStdString();
         }
     }
 }
@@ -153,31 +130,44 @@ TEST(Upgrade, AddsTheseColumnsAndNoOthers)
 
 TEST(FirstRows, CarryTheirDefaults)
 {
+    using enum Version;
     const QString version = u"ﾊﾞｰｼﾞｮﾝ"_s;
-    const Definition main = mainDatabase(Version::V311);
-    EXPECT_EQ(seeded(main, u"main"_s, u"ﾃﾞｰﾀ"_s, 1), Value(u"Admin"_s));
-    EXPECT_TRUE(seeded(main, u"main"_s, u"ﾊﾟｽﾜｰﾄﾞ"_s, 1).isNull());
-    EXPECT_EQ(seeded(main, u"main"_s, u"種類"_s, 5), Value(version));
-    EXPECT_EQ(seeded(main, u"main"_s, u"ﾃﾞｰﾀ"_s, 5), Value(u"3.1.1"_s));
-
-    for (const auto& define : {customerFile, repairFile}) {
-        const Definition file = define(Version::V311);
-        const Definition old = define(Version::V300);
-        EXPECT_EQ(seeded(file, u"バージョン情報"_s, version), Value(u"3.1.1"_s));
-        EXPECT_EQ(seeded(old, u"バージョン情報"_s, version), Value(u"3.0.0"_s));
-        EXPECT_EQ(seeded(file, u"最新発番"_s, u"カスタム検索"_s), Value(0));
-        for (const QString& margin : {u"上"_s, u"左"_s, u"右"_s, u"下"_s})
-            EXPECT_EQ(seeded(file, u"設定"_s, margin), Value(15));
-        EXPECT_EQ(seeded(file, u"設定"_s, u"ログ表示数"_s), Value(100));
-        EXPECT_EQ(seeded(file, u"設定"_s, u"予定表示"_s), Value(0));
-        EXPECT_EQ(seeded(file, u"設定"_s, u"ログプレ横幅"_s), Value(9150));
-        EXPECT_EQ(seeded(file, u"設定"_s, u"ログプレ縦幅"_s), Value(2085));
+    const QString info = u"バージョン情報"_s;
+    const QString settings = u"設定"_s;
+    struct Case {
+        QList<Definition> of;
+        QString table;
+        QString column;
+        Value value;
+        int row = 1;
+    };
+    const QList<Definition> both{customerFile(V311), repairFile(V311)};
+    const Case cases[] = {
+        {{mainDatabase(V311)}, u"main"_s, u"ﾃﾞｰﾀ"_s, u"Admin"_s},
+        {{mainDatabase(V311)}, u"main"_s, u"ﾊﾟｽﾜｰﾄﾞ"_s, Value()},
+        {{mainDatabase(V311)}, u"main"_s, u"種類"_s, version, 5},
+        {{mainDatabase(V311)}, u"main"_s, u"ﾃﾞｰﾀ"_s, u"3.1.1"_s, 5},
+        {both, info, version, u"3.1.1"_s},
+        {{customerFile(V300), repairFile(V300)}, info, version, u"3.0.0"_s},
+        {both, u"最新発番"_s, u"カスタム検索"_s, 0},
+        {both, settings, u"上"_s, 15},
+        {both, settings, u"左"_s, 15},
+        {both, settings, u"右"_s, 15},
+        {both, settings, u"下"_s, 15},
+        {both, settings, u"ログ表示数"_s, 100},
+        {both, settings, u"予定表示"_s, 0},
+        {both, settings, u"ログプレ横幅"_s, 9150},
+        {both, settings, u"ログプレ縦幅"_s, 2085},
+        {{customerFile(V311)}, settings, u"最近更新顧客表示日数"_s, 7},
+        {{repairFile(V311)}, settings, u"超過日数"_s, 10},
+        {{repairFile(V311)}, u"自社"_s, u"自社ID"_s, 1},
+        {{repairFile(V311)}, u"５印刷ラベル２"_s, u"No"_s, 1},
+    };
+    for (const Case& each : cases) {
+        for (const Definition& definition : each.of)
+            EXPECT_EQ(seeded(definition, each.table, each.column, each.row), each.value)
+                << each.table.toStdString() << ' ' << each.column.toStdString();
     }
-    EXPECT_EQ(seeded(customerFile(Version::V311), u"設定"_s, u"最近更新顧客表示日数"_s), Value(7));
-    const Definition repair = repairFile(Version::V311);
-    EXPECT_EQ(seeded(repair, u"設定"_s, u"超過日数"_s), Value(10));
-    EXPECT_EQ(seeded(repair, u"自社"_s, u"自社ID"_s), Value(1));
-    EXPECT_EQ(seeded(repair, u"５印刷ラベル２"_s, u"No"_s), Value(1));
 }
 
 } // namespace

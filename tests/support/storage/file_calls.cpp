@@ -28,27 +28,6 @@ template <typename Tell> int tellOf(long result, const Tell& tell)
     return static_cast<int>(result);
 }
 
-int openTold(const char* path, int flags, mode_t mode)
-{
-    return tellOf(
-        syscall(SYS_openat, AT_FDCWD, path, flags, mode),
-        [&](PowerCut& record, int opened) { record.opened(opened, absolute(path), flags); });
-}
-
-ssize_t pwriteTold(int descriptor, const void* bytes, size_t size, off_t offset)
-{
-    const ssize_t done = syscall(SYS_pwrite64, descriptor, bytes, size, offset);
-    if (PowerCut* const record = PowerCut::watching(); record && done > 0)
-        record->written(descriptor, offset, {static_cast<const char*>(bytes), done});
-    return done;
-}
-
-int cutTold(int descriptor, off_t size)
-{
-    return tellOf(syscall(SYS_ftruncate, descriptor, size),
-                  [&](PowerCut& record, int) { record.cut(descriptor, size); });
-}
-
 int renameTold(const char* from, const char* to, unsigned flags)
 {
     return tellOf(syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, flags),
@@ -65,16 +44,9 @@ int open(const char* path, int flags, ...)
     va_start(more, flags);
     const mode_t mode = va_arg(more, mode_t);
     va_end(more);
-    return openTold(path, flags, mode);
-}
-
-int open64(const char* path, int flags, ...)
-{
-    va_list more;
-    va_start(more, flags);
-    const mode_t mode = va_arg(more, mode_t);
-    va_end(more);
-    return openTold(path, flags, mode);
+    return tellOf(
+        syscall(SYS_openat, AT_FDCWD, path, flags, mode),
+        [&](PowerCut& record, int opened) { record.opened(opened, absolute(path), flags); });
 }
 
 ssize_t write(int descriptor, const void* bytes, size_t size)
@@ -89,22 +61,16 @@ ssize_t write(int descriptor, const void* bytes, size_t size)
 
 ssize_t pwrite(int descriptor, const void* bytes, size_t size, off_t offset)
 {
-    return pwriteTold(descriptor, bytes, size, offset);
-}
-
-ssize_t pwrite64(int descriptor, const void* bytes, size_t size, off64_t offset)
-{
-    return pwriteTold(descriptor, bytes, size, offset);
+    const ssize_t done = syscall(SYS_pwrite64, descriptor, bytes, size, offset);
+    if (PowerCut* const record = PowerCut::watching(); record && done > 0)
+        record->written(descriptor, offset, {static_cast<const char*>(bytes), done});
+    return done;
 }
 
 int ftruncate(int descriptor, off_t size) noexcept
 {
-    return cutTold(descriptor, size);
-}
-
-int ftruncate64(int descriptor, off64_t size) noexcept
-{
-    return cutTold(descriptor, size);
+    return tellOf(syscall(SYS_ftruncate, descriptor, size),
+                  [&](PowerCut& record, int) { record.cut(descriptor, size); });
 }
 
 int fsync(int descriptor)
@@ -141,5 +107,12 @@ int renameat2(int /*fromFolder*/, const char* from, int /*toFolder*/, const char
 {
     return renameTold(from, to, flags);
 }
+
+// Where a file's size has 64 bits anyway, these are the same calls.
+static_assert(sizeof(off_t) == sizeof(off64_t));
+int open64(const char* path, int flags, ...) __attribute__((alias("open")));
+ssize_t pwrite64(int descriptor, const void* bytes, size_t size, off64_t offset)
+    __attribute__((alias("pwrite")));
+int ftruncate64(int descriptor, off64_t size) noexcept __attribute__((alias("ftruncate")));
 
 } // extern "C"

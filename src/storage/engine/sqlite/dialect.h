@@ -5,7 +5,7 @@
 namespace storage::engine::sqlite {
 
 // Fold, key, Like, joined texts and stamps are functions of our own (functions.h).
-class SqliteDialect final : public sql::Dialect {
+class SqliteDialect : public sql::Dialect {
 public:
     QString name(const QString& identifier) const override;
     QString fold(const QString& expression) const override;

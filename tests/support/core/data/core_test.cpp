@@ -3,6 +3,8 @@
 #include "core/data/database_password.h"
 #include "core/data/main_database.h"
 #include "storage/engine/engine.h"
+#include "support/files.h"
+#include "support/storage/rows.h"
 
 #include <QFile>
 #include <QHash>
@@ -72,22 +74,20 @@ core::DataFileEntry CoreTest::add(core::DataKind kind, const QString& name, cons
     return {};
 }
 
+QStringList CoreTest::registered()
+{
+    return rows(u"SELECT 種類,ﾃﾞｰﾀ,ﾊﾟｽﾜｰﾄﾞ FROM main WHERE 種類 Like '%管理' ORDER BY [No]"_s);
+}
+
 void CoreTest::writeFile(const QString& name, const QByteArray& bytes) const
 {
-    QFile written(file(name));
-    ASSERT_TRUE(written.open(QIODevice::WriteOnly));
-    written.write(bytes);
+    ASSERT_TRUE(writeBytes(file(name), bytes));
 }
 
 QList<storage::ErrorKind> CoreTest::takeErrors()
 {
-    QList<storage::ErrorKind> kinds;
-    if (!shared.MainConnection)
-        return kinds;
-    for (const storage::Error& error : shared.MainConnection->errors())
-        kinds.append(error.kind);
-    shared.MainConnection->clearErrors();
-    return kinds;
+    return shared.MainConnection ? ::takeErrors(*shared.MainConnection)
+                                 : QList<storage::ErrorKind>();
 }
 
 void CoreTest::execute(const QString& statement)
@@ -98,15 +98,5 @@ void CoreTest::execute(const QString& statement)
 
 QStringList CoreTest::rows(const QString& statement)
 {
-    QStringList found;
-    storage::Recordset row;
-    bool onRow = row.open(statement, *shared.MainConnection) && !row.eof();
-    while (onRow) {
-        QStringList fields;
-        for (int i = 0; i < row.fieldCount(); ++i)
-            fields.append(row.value(i).isNull() ? u"Null"_s : row.value(i).toText());
-        found.append(fields.join(u'|'));
-        onRow = row.moveNext();
-    }
-    return found;
+    return rowsOf(*shared.MainConnection, statement, u"Null"_s);
 }

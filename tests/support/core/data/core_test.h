@@ -27,8 +27,16 @@ protected:
     // Registers a new file; a failure when it is refused.
     core::DataFileEntry add(core::DataKind kind, const QString& name, const QString& password = {});
 
+    // The rows of all entries: kind, name and password.
+    QStringList registered();
+
     QString folder() const { return m_folder.path(); }
     QString file(const QString& name) const { return m_folder.filePath(name); }
+    // The customer file of that name.
+    QString pathOf(const QString& name) const
+    {
+        return file(QStringLiteral("Corvane/") + name + QStringLiteral(".mdb"));
+    }
     void writeFile(const QString& name, const QByteArray& bytes) const;
 
     // The failures so far, which the test expected.

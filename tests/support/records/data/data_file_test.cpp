@@ -3,6 +3,7 @@
 #include "core/data/database_password.h"
 #include "storage/data_files/data_files.h"
 #include "storage/recordset.h"
+#include "support/storage/rows.h"
 
 void DataFileTest::create(const storage::schema::Definition& definition)
 {
@@ -23,11 +24,7 @@ void DataFileTest::TearDown()
 
 QList<storage::ErrorKind> DataFileTest::takeErrors()
 {
-    QList<storage::ErrorKind> kinds;
-    for (const storage::Error& error : dataFile().connection.errors())
-        kinds.append(error.kind);
-    dataFile().connection.clearErrors();
-    return kinds;
+    return ::takeErrors(dataFile().connection);
 }
 
 void DataFileTest::execute(records::DataFile& file, const QString& statement)
