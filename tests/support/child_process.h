@@ -4,10 +4,14 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <functional>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
+
+#include <gtest/gtest.h>
 
 // How often a test does what is done many times over: as often as a quick run has time for, or more
 // when the environment asks for it (CORVANE_KILLS, CORVANE_ADDS, CORVANE_CUTS).
@@ -97,3 +101,25 @@ private:
     pid_t m_pid = -1;
     int m_steps = -1;
 };
+
+// Runs a work in child processes and kills each, at moments that lie all over the time that it
+// takes undisturbed: more often towards the end, where files change places. `prepare` comes before
+// each run and `look` after it; in between nothing may be open here.
+inline void killAtAllMoments(int kills, const std::function<void()>& prepare,
+                             const std::function<bool()>& work, const std::function<void()>& look)
+{
+    using Clock = std::chrono::steady_clock;
+    prepare();
+    const auto began = Clock::now();
+    ASSERT_TRUE(ChildProcess(work).succeeded());
+    const auto whole = Clock::now() - began;
+    for (int left = kills; left > 0; --left) {
+        SCOPED_TRACE(kills - left);
+        prepare();
+        {
+            ChildProcess copy(work);
+            std::this_thread::sleep_for(whole - whole * left * left / (kills * kills));
+        }
+        look();
+    }
+}

@@ -27,24 +27,18 @@ void check(const Case& row)
             << row.pattern.toStdString() << " : " << text.toStdString();
 }
 
+// How the signs work together is told by the matcher that tries everything (like_reference_test).
 TEST(Like, MatchesTheWholeText)
 {
     const Case table[] = {
         {u""_s, {u""_s}, {u"a"_s}},
         {u"%"_s, {u""_s, u"ガ"_s, u"一行目\r\n二行目"_s}, {}},
-        {u"%%"_s, {u""_s, u"x"_s}, {}},
         {u"_"_s,
          {u"a"_s, u"ガ"_s, u"ｶﾞ"_s, u"𠮷"_s, u"é"_s, u"e\u0301"_s, u"한"_s, u"\u3099"_s},
          {u""_s, u"ab"_s, u"ガガ"_s}},
         {u"__"_s, {u"ガギ"_s, u"ｶﾞｷﾞ"_s}, {u"ガ"_s, u"ｶﾞ"_s}},
         {u"abc"_s, {u"abc"_s, u"ABC"_s, u"ａｂｃ"_s}, {u"ab"_s, u"abcd"_s, u"xabc"_s}},
         {u"a%c"_s, {u"ac"_s, u"abc"_s, u"acbc"_s, u"a\r\nc"_s}, {u"acb"_s, u"a"_s, u"c"_s}},
-        {u"%a"_s, {u"a"_s, u"ba"_s, u"aa"_s}, {u"ab"_s, u""_s}},
-        {u"a%a"_s, {u"aa"_s, u"aba"_s}, {u"a"_s}},
-        {u"%ab%ab%"_s, {u"abab"_s, u"xabxabx"_s}, {u"ab"_s, u"aab"_s}},
-        {u"%a_c"_s, {u"abc"_s, u"aabc"_s, u"abcabc"_s, u"aガc"_s}, {u"abcd"_s, u"ac"_s}},
-        {u"_%_"_s, {u"ab"_s, u"ガギ"_s}, {u"a"_s, u"ガ"_s}},
-        {u"%_a%"_s, {u"ba"_s, u"ガa"_s, u"aa"_s}, {u"a"_s, u"ab"_s}},
         {u"2004/02%"_s, {u"2004/02/29(日)"_s, u"２００４/02/01"_s}, {u"2004/12/02"_s}},
         {u"%〜%"_s, {u"10時～12時"_s, u"10時~12時"_s}, {u"10時-12時"_s}},
     };
@@ -59,10 +53,7 @@ TEST(Like, TakesVoicedMarksWithTheirKana)
          {u"アカイ"_s, u"ｱｶｲ"_s, u"あか"_s, u"ガカ"_s},
          {u"ガ"_s, u"ｶﾞ"_s, u"アガイ"_s, u"か゛"_s}},
         {u"%ガ%"_s, {u"ｶﾞ"_s, u"あがり"_s, u"カガ"_s}, {u"カ"_s, u"キ"_s}},
-        {u"カ%"_s, {u"カ"_s, u"かき"_s}, {u"ガ"_s, u"ガカ"_s}},
-        {u"カ_"_s, {u"カガ"_s, u"ｶｷﾞ"_s}, {u"ガ"_s, u"ｶﾞ"_s, u"ガキ"_s}},
         {u"%ハ"_s, {u"バハ"_s}, {u"バ"_s, u"ﾊﾟ"_s}},
-        {u"%カ_%"_s, {u"ガカキ"_s}, {u"ガカ"_s, u"ガキ"_s}},
         {u"%e%"_s, {u"the"_s}, {u"é"_s, u"e\u0301"_s}},
     };
     for (const auto& row : table)

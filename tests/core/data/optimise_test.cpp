@@ -12,9 +12,6 @@
 
 #include <gmock/gmock.h>
 
-#include <chrono>
-#include <thread>
-
 using namespace Qt::StringLiterals;
 using core::DataFileEntry;
 using core::DataKind;
@@ -137,21 +134,16 @@ TEST_F(Optimisation, KilledAtAnyMomentLeavesTheFileUnderItsName)
     const QString draft = QFileInfo(file).path() + u"/最適化.mdb"_s;
     ASSERT_TRUE(QFile::copy(file, file + u".kept"_s));
     core::CloseMainDatabase(shared); // nothing may be open where a child process starts
-    const auto began = std::chrono::steady_clock::now();
-    ASSERT_TRUE(ChildProcess([&] { return run(entry); }).succeeded());
-    const auto whole = std::chrono::steady_clock::now() - began;
-    for (int i = 0; i < kills; ++i) {
+    const auto prepare = [&] {
         QFile::remove(file);
-        ASSERT_TRUE(QFile::copy(file + u".kept"_s, file));
-        {
-            ChildProcess copy([&] { return run(entry); });
-            // More often towards the end, where the files change places.
-            const int left = kills - i;
-            std::this_thread::sleep_for(whole - whole * left * left / (kills * kills));
-        }
-        ASSERT_TRUE(QFile::exists(file)) << i;
-        EXPECT_EQ(countRows(DataKind::Customer), Rows / 2) << i;
         QFile::remove(draft);
         QFile::remove(draft + u"-journal"_s);
-    }
+        ASSERT_TRUE(QFile::copy(file + u".kept"_s, file));
+    };
+    const auto look = [&] {
+        ASSERT_TRUE(QFile::exists(file));
+        EXPECT_EQ(countRows(DataKind::Customer), Rows / 2);
+    };
+    killAtAllMoments(
+        kills, prepare, [&] { return run(entry); }, look);
 }

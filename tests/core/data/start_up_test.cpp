@@ -24,8 +24,6 @@ namespace {
 const QString versionRow = u"SELECT [No],ﾃﾞｰﾀ FROM main WHERE 種類 = 'ﾊﾞｰｼﾞｮﾝ'"_s;
 const QString prices = u"SELECT 売値 FROM 共通部品"_s;
 
-using Clock = std::chrono::steady_clock;
-
 class StartUp : public CoreTest {
 protected:
     bool start() { return core::Main(shared, {folder(), {}}); }
@@ -140,20 +138,14 @@ TEST_F(StartUp, OtherVersionsAreLeftAlone)
 
 TEST_F(StartUp, AnUpgradeThatIsKilledLeavesTheOldVersionOrTheNew)
 {
-    constexpr int Kills = 50;
     constexpr int Parts = 400;
     makeOldFolder(Parts);
     ASSERT_TRUE(QFile::copy(file(u"main.mdb"_s), file(u"old"_s)));
-    const auto began = Clock::now();
-    ASSERT_TRUE(ChildProcess([this] { return start(); }).succeeded());
-    const auto whole = Clock::now() - began;
-    for (int i = 0; i < Kills; ++i) {
+    const auto prepare = [this] {
         QFile::remove(file(u"main.mdb"_s));
         ASSERT_TRUE(QFile::copy(file(u"old"_s), file(u"main.mdb"_s)));
-        {
-            ChildProcess copy([this] { return start(); });
-            std::this_thread::sleep_for(whole * i / Kills);
-        }
+    };
+    const auto look = [this] {
         shared.programFolder = folder();
         core::OpenMainDatabase(shared);
         ASSERT_TRUE(shared.MainConnection->isOpen());
@@ -165,5 +157,7 @@ TEST_F(StartUp, AnUpgradeThatIsKilledLeavesTheOldVersionOrTheNew)
             EXPECT_THAT(takeErrors(), ElementsAre(ErrorKind::Name));
         }
         core::CloseMainDatabase(shared);
-    }
+    };
+    killAtAllMoments(
+        50, prepare, [this] { return start(); }, look);
 }

@@ -8,10 +8,6 @@
 
 #include <gmock/gmock.h>
 
-#include <QElapsedTimer>
-
-#include <thread>
-
 using namespace Qt::StringLiterals;
 using customer::OpenCustomerFile;
 using storage::ErrorKind;
@@ -45,24 +41,11 @@ TEST_F(CustomerFileTest, IsSharedUnlessTakenForOneAlone)
 
 TEST_F(CustomerFileTest, AKillDuringTheUpgradeLeavesOneVersionOrTheOther)
 {
-    const int kills = rounds("CORVANE_KILLS", 5);
-    for (int round = 0; round < kills; ++round) {
-        create(Version::V300);
-        ChildProcess upgrading([this](const auto& stepDone) {
-            storage::Connection probe; // as long as this takes, the next opening takes at least
-            probe.open(path(), QString::fromUtf16(core::DatabasePassword));
-            probe.close();
-            stepDone();
-            OtherCopy other(path());
-            return true;
-        });
-        QElapsedTimer opening;
-        opening.start();
-        ASSERT_TRUE(upgrading.waitForSteps(1));
-        std::this_thread::sleep_for(
-            std::chrono::milliseconds(opening.elapsed() * (10 + round % 10) / 10));
-        upgrading.killNow();
-
+    const auto upgrade = [this] {
+        OtherCopy other(path());
+        return other.file.connection.isOpen();
+    };
+    const auto look = [this] {
         storage::Connection after;
         ASSERT_TRUE(after.open(path(), QString::fromUtf16(core::DatabasePassword)));
         const storage::schema::Table* settings = after.catalog().find(u"設定");
@@ -74,7 +57,9 @@ TEST_F(CustomerFileTest, AKillDuringTheUpgradeLeavesOneVersionOrTheOther)
         EXPECT_EQ(valueOf(u"SELECT ﾊﾞｰｼﾞｮﾝ FROM バージョン情報"_s), u"3.1.1");
         EXPECT_GE(file.connection.catalog().find(u"４印刷件名")->indexOf(u"予定日"), 0);
         CloseCustomerFile(file);
-    }
+    };
+    killAtAllMoments(
+        rounds("CORVANE_KILLS", 10), [this] { create(Version::V300); }, upgrade, look);
 }
 
 // A customer file as the program before this one has made it: its days and its recorders stand in

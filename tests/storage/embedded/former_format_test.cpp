@@ -3,9 +3,7 @@
 #include "support/child_process.h"
 #include "support/storage/former_format.h"
 
-#include <QElapsedTimer>
 #include <QFile>
-#include <QThread>
 
 using namespace Qt::StringLiterals;
 using namespace storage;
@@ -167,29 +165,15 @@ TEST_F(FormerFormat, StaysWhenThereIsNoRoomToConvert)
 
 TEST_F(FormerFormat, AKillInTheMiddleLeavesOneFormatOrTheOther)
 {
-    const int kills = rounds("CORVANE_KILLS", 10);
     makeFile(3000);
     ASSERT_TRUE(connection.open(file(), Password));
     const QStringList before = answers();
-    QElapsedTimer whole;
-    whole.start();
-    EXPECT_TRUE(connection.bringUpToDate(journal(false)));
-    const qint64 duration = whole.nsecsElapsed() / 1000;
     connection.close();
-    for (int kill = 0; kill < kills; ++kill) {
-        SCOPED_TRACE(kill);
-        makeFile(3000);
-        ChildProcess child([this](const ChildProcess::StepDone& opened) {
-            Connection own;
-            if (!own.open(file(), Password))
-                return false;
-            opened();
-            return own.bringUpToDate(journal(false));
-        });
-        ASSERT_TRUE(child.waitForSteps(1));
-        QThread::usleep(static_cast<unsigned long>(duration * kill / kills));
-        child.killNow();
-
+    const auto convert = [this] {
+        Connection own;
+        return own.open(file(), Password) && own.bringUpToDate(journal(false));
+    };
+    const auto look = [&] {
         ASSERT_TRUE(connection.open(file(), Password));
         EXPECT_EQ(integrity(connection), u"ok"_s);
         EXPECT_EQ(indexNames(connection), hasFormerFormat(connection) ? FormerIndexes : Indexes);
@@ -198,7 +182,9 @@ TEST_F(FormerFormat, AKillInTheMiddleLeavesOneFormatOrTheOther)
         EXPECT_EQ(indexNames(connection), Indexes);
         EXPECT_EQ(answers(), before);
         connection.close();
-    }
+    };
+    killAtAllMoments(
+        rounds("CORVANE_KILLS", 10), [this] { makeFile(3000); }, convert, look);
 }
 
 TEST_F(FormerFormat, IsNotTheOnlyOneThatIsKnown)
