@@ -88,6 +88,27 @@ TEST_F(EditFormTableTest, WhatWasDeclinedIsOfferedOnceWhenTheRecordIsOpenedNext)
     }
 }
 
+TEST_F(EditFormTableTest, WhatWasTypedIsOfferedForItsOwnRecordAlone)
+{
+    const core::RecordKey another = addNamed(u"木村"_s, u"ｷﾑﾗ"_s).key;
+    const Form customer = forms().first();
+    customer.change();
+    text(customer).setPlainText(u"typed"_s);
+    press("Command3");
+    edit<customer::upkokyaku>(customer.table, another);
+    EXPECT_EQ(text(customer).toPlainText(), QString());
+    press("Command3");
+    customer.add();
+    EXPECT_EQ(text(customer).toPlainText(), QString());
+    press("Command2");
+    press("Command3");
+    EXPECT_TRUE(messages.takeBoxes().isEmpty());
+    messages.willAnswer(Answer::Yes);
+    customer.change();
+    EXPECT_EQ(messages.takeText(), DraftQuestion);
+    EXPECT_EQ(text(customer).toPlainText(), u"typed"_s);
+}
+
 TEST_F(EditFormTableTest, WhatWasTypedForARecordThatIsGoneIsOfferedForTheNextNewOne)
 {
     const QList<Form> all = forms();
