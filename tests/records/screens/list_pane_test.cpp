@@ -25,7 +25,7 @@ protected:
         settings = records::readSettings(file);
         pane.initialize(file, description, settings, selection,
                         {u"list"_s, u"pages"_s, u"counters"_s, u"caption"_s, u"option"_s, u"顧客"_s,
-                         7, u"表示名"_s});
+                         7, u"表示名"_s, &customer::customerTable()});
         pane.resize(600, 300);
         pane.show();
     }
@@ -64,6 +64,20 @@ TEST_F(ListPaneTest, AHeaderWithoutAnOrderDoesNothing)
     EXPECT_EQ(pane.view().header()->sortIndicatorOrder(), Qt::DescendingOrder);
     EXPECT_EQ(changed.count(), 0);
     EXPECT_EQ(selection.title(7), u"い"_s);
+}
+
+TEST_F(ListPaneTest, ATickOfARowThatAnotherCopyChangedShowsWhatItHolds)
+{
+    ASSERT_TRUE(pane.showFilter({{}, {}, u"全て"_s}));
+    pane.view().selectRow(1);
+    change(customer::customerTable(), core::RecordKey::fromText(pane.view().currentKey()),
+           {{u"表示名"_s, u"か"_s}});
+    messages.willAnswer(core::Answer::Yes);
+    QTest::keyClick(&pane.view(), Qt::Key_Space);
+    EXPECT_EQ(messages.takeBoxes().size(), 1);
+    EXPECT_EQ(column(u"SELECT 表示名 FROM ユーザー WHERE Y印字 = 1"_s), QStringList{u"か"_s});
+    EXPECT_EQ(names(), (QStringList{u"あ"_s, u"か"_s, u"う"_s}));
+    EXPECT_EQ(selection.title(7), u"か"_s);
 }
 
 TEST_F(ListPaneTest, TurnsToARecordOnAnyPageAndToNoneThatIsNotListed)
