@@ -45,7 +45,8 @@ struct Figures {
 class SilentMessages : public core::Messages {
 public:
     core::Answer show(core::MessageStyle /*style*/, const QString& /*text*/,
-                      const QString& /*title*/, const QString& /*details*/) override
+                      const QString& /*title*/, const QString& /*details*/,
+                      core::DefaultButton /*button*/) override
     {
         return core::Answer::Ok;
     }

@@ -7,7 +7,8 @@
 namespace bench {
 
 core::Answer NoMessages::show(core::MessageStyle /*style*/, const QString& text,
-                              const QString& /*title*/, const QString& /*details*/)
+                              const QString& /*title*/, const QString& /*details*/,
+                              core::DefaultButton /*button*/)
 {
     giveUp(text);
 }

@@ -15,7 +15,7 @@ namespace bench {
 class NoMessages : public core::Messages {
 public:
     core::Answer show(core::MessageStyle style, const QString& text, const QString& title,
-                      const QString& details) override;
+                      const QString& details, core::DefaultButton button) override;
     std::optional<QString> askText(const QString& prompt, const QString& title,
                                    bool secret) override;
 };

@@ -1,13 +1,14 @@
 #include "ui/deletion_hold.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QWidget>
 
 namespace ui {
 
-DeletionHold::DeletionHold(QWidget* window)
+DeletionHold::DeletionHold()
 {
-    for (; window; window = window->parentWidget())
+    for (QWidget* const window : QApplication::topLevelWidgets())
         window->installEventFilter(this);
 }
 

@@ -5,8 +5,6 @@
 
 #include <vector>
 
-class QWidget;
-
 namespace ui {
 
 // Keeps windows alive as long as it lives itself: one that is closed behind an open message box (an
@@ -16,8 +14,9 @@ class DeletionHold : public QObject {
     Q_OBJECT
 
 public:
-    // Holds a window and all that it stands over; null holds nothing.
-    explicit DeletionHold(QWidget* window);
+    // Holds all windows that are there now: which of them waits for the answer, and over which it
+    // stands, is not to be seen from the one that is active.
+    DeletionHold();
     ~DeletionHold() override; // those that wanted to go meanwhile go then
 
 protected:

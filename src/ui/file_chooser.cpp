@@ -30,7 +30,7 @@ QString dialogFilter(const QString& filter)
 
 QString FileDialogs::chooseFile(QWidget* parent, const QString& title, const QString& filter)
 {
-    const DeletionHold hold(parent);
+    const DeletionHold hold;
     const QString path = QFileDialog::getOpenFileName(
         parent, title, m_lastFolder.isEmpty() ? QDir::homePath() : m_lastFolder,
         dialogFilter(filter));

@@ -36,6 +36,8 @@ Look lookOf(MessageStyle style)
         return {QMessageBox::Warning, QMessageBox::Yes | QMessageBox::No};
     case MessageStyle::Information:
         return {QMessageBox::Information, QMessageBox::Ok};
+    case MessageStyle::InformationYesNoCancel:
+        return {QMessageBox::Information, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel};
     case MessageStyle::InformationYesNo:
         return {QMessageBox::Information, QMessageBox::Yes | QMessageBox::No};
     }
@@ -55,6 +57,14 @@ void nameButtons(QMessageBox& box)
         if (QAbstractButton* const found = box.button(button))
             found->setText(name);
     }
+}
+
+// What the box answers when it is closed without a choice.
+QMessageBox::StandardButton escapeButton(QMessageBox::StandardButtons buttons)
+{
+    if (buttons & QMessageBox::Cancel)
+        return QMessageBox::Cancel;
+    return buttons & QMessageBox::No ? QMessageBox::No : QMessageBox::NoButton;
 }
 
 Answer answerOf(int button)
@@ -94,30 +104,32 @@ void addDetails(QMessageBox& box, const QString& details)
 } // namespace
 
 Answer MessageBoxes::show(MessageStyle style, const QString& text, const QString& title,
-                          const QString& details)
+                          const QString& details, core::DefaultButton button)
 {
     const Look look = lookOf(style);
-    QWidget* const below = QApplication::activeWindow();
-    const DeletionHold hold(below);
-    QMessageBox box(look.icon, title, text, look.buttons, below);
+    const DeletionHold hold;
+    QMessageBox box(look.icon, title, text, look.buttons, QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText); // names of customers may look like mark-up
     nameButtons(box);
     addDetails(box, details);
     const bool asks = look.buttons & QMessageBox::Yes;
-    box.setDefaultButton(asks ? QMessageBox::Yes : QMessageBox::Ok);
-    if (asks)
-        box.setEscapeButton(QMessageBox::No);
-    else if (look.buttons & QMessageBox::Cancel)
-        box.setEscapeButton(QMessageBox::Cancel);
-    return answerOf(box.exec());
+    if (button == core::DefaultButton::No)
+        box.setDefaultButton(QMessageBox::No);
+    else
+        box.setDefaultButton(asks ? QMessageBox::Yes : QMessageBox::Ok);
+    const auto way = escapeButton(look.buttons);
+    if (way != QMessageBox::NoButton)
+        box.setEscapeButton(way);
+    const int pressed = box.exec();
+    // A program that ends closes the box without any button: that is nobody's consent.
+    return answerOf(box.clickedButton() || way == QMessageBox::NoButton ? pressed : way);
 }
 
 std::optional<QString> MessageBoxes::askText(const QString& prompt, const QString& title,
                                              bool secret)
 {
-    QWidget* const below = QApplication::activeWindow();
-    const DeletionHold hold(below);
-    QInputDialog dialog(below);
+    const DeletionHold hold;
+    QInputDialog dialog(QApplication::activeWindow());
     dialog.setWindowTitle(title);
     dialog.setLabelText(prompt);
     // Hidden, but not while it is typed: passwords may hold kana, and the input method needs that.

@@ -15,7 +15,8 @@ public:
         int style = 0; // 0 = a box that asks for a text
         QString text;
         QString title = QString::fromUtf16(core::AppTitleText);
-        QString details = {}; // an engine's words, which are no part of what the box says
+        QString details = {};     // an engine's words, which are no part of what the box says
+        bool noByDefault = false; // what Enter presses is asked for by itself
 
         bool operator==(const Box& other) const
         {
@@ -54,16 +55,20 @@ public:
     }
 
     core::Answer show(core::MessageStyle style, const QString& text, const QString& title,
-                      const QString& details = {}) override
+                      const QString& details = {},
+                      core::DefaultButton button = core::DefaultButton::First) override
     {
-        m_boxes.append({static_cast<int>(style), text, title, details});
+        m_boxes.append(
+            {static_cast<int>(style), text, title, details, button == core::DefaultButton::No});
         if (style == core::MessageStyle::Critical || style == core::MessageStyle::Exclamation
             || style == core::MessageStyle::Information)
             return core::Answer::Ok;
         if (m_answers.isEmpty()) {
             ADD_FAILURE() << "no answer queued for: " << text.toStdString();
-            return style == core::MessageStyle::CriticalOkCancel ? core::Answer::Cancel
-                                                                 : core::Answer::No;
+            return style == core::MessageStyle::CriticalOkCancel
+                    || style == core::MessageStyle::InformationYesNoCancel
+                ? core::Answer::Cancel
+                : core::Answer::No;
         }
         return m_answers.takeFirst();
     }

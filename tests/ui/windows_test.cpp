@@ -62,7 +62,9 @@ TEST(MessageBoxes, OutliveTheWindowThatTheyStandOver)
     QPointer<QDialog> form = new QDialog;
     form->setAttribute(Qt::WA_DeleteOnClose);
     form->show();
-    QApplication::setActiveWindow(form);
+    QDialog inFront; // another window may have become the active one
+    inFront.show();
+    QApplication::setActiveWindow(&inFront);
     ui::MessageBoxes messages;
     const auto closing = onModal<QMessageBox>([form](QMessageBox& box) {
         form->reject();
@@ -96,6 +98,8 @@ TEST(MessageBoxes, HaveTheStylesIconAndButtons)
         {MessageStyle::ExclamationYesNo, QMessageBox::Warning, yesNo, Answer::Yes, Answer::No},
         {MessageStyle::Information, QMessageBox::Information, {u"OK"_s}, Answer::Ok, Answer::Ok},
         {MessageStyle::InformationYesNo, QMessageBox::Information, yesNo, Answer::Yes, Answer::No},
+        {MessageStyle::InformationYesNoCancel, QMessageBox::Information,
+         yesNo + QStringList{u"キャンセル"_s}, Answer::Yes, Answer::Cancel},
     };
     ui::MessageBoxes messages;
     for (const Case& each : cases) {
@@ -112,6 +116,31 @@ TEST(MessageBoxes, HaveTheStylesIconAndButtons)
                       key == Qt::Key_Return ? each.onEnter : each.onEscape)
                 << "style " << static_cast<int>(each.style);
         }
+    }
+}
+
+TEST(MessageBoxes, WhereSomethingIsDeletedEnterDoesNot)
+{
+    ui::MessageBoxes messages;
+    const auto entering =
+        onModal<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    EXPECT_FALSE(messages.confirm(u"削除しますか？"_s, core::DefaultButton::No));
+}
+
+// The end of the program closes a box without any button: no consent to anything.
+TEST(MessageBoxes, TheEndOfTheProgramAnswersNo)
+{
+    ui::MessageBoxes messages;
+    for (const auto& [style, answer] :
+         {std::pair(MessageStyle::ExclamationYesNo, Answer::No),
+          std::pair(MessageStyle::CriticalOkCancel, Answer::Cancel)}) {
+        std::optional<Answer> given;
+        QTimer::singleShot(0, qApp, [&, style = style] {
+            QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
+            given = messages.show(style, u"削除しますか？"_s, u"コルヴァン３"_s);
+        });
+        QApplication::exec();
+        EXPECT_EQ(given, answer);
     }
 }
 

@@ -26,9 +26,9 @@ void Messages::tell(const QString& text)
     show(MessageStyle::Information, text, title());
 }
 
-bool Messages::confirm(const QString& text)
+bool Messages::confirm(const QString& text, DefaultButton button)
 {
-    return show(MessageStyle::ExclamationYesNo, text, title()) == Answer::Yes;
+    return show(MessageStyle::ExclamationYesNo, text, title(), {}, button) == Answer::Yes;
 }
 
 } // namespace core

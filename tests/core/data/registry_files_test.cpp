@@ -183,11 +183,11 @@ TEST_F(RegistryFiles, ARowThatIsRenamedWhileTheUserThinksIsKept)
     public:
         std::function<void()> meanwhile;
         core::Answer show(core::MessageStyle style, const QString& text, const QString& title,
-                          const QString& details) override
+                          const QString& details, core::DefaultButton button) override
         {
             if (style == core::MessageStyle::ExclamationYesNo)
                 meanwhile();
-            return ScriptedMessages::show(style, text, title, details);
+            return ScriptedMessages::show(style, text, title, details, button);
         }
     } user;
     const DataFileEntry entry = addWith(u"甲"_s, "data of 甲");

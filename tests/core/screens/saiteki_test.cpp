@@ -51,10 +51,10 @@ TEST_F(Saiteki, ThePointerIsSetBackBeforeTheMessage)
         const QWidget* screen = nullptr;
         QList<Qt::CursorShape> pointers;
         core::Answer show(core::MessageStyle style, const QString& text, const QString& title,
-                          const QString& details) override
+                          const QString& details, core::DefaultButton button) override
         {
             pointers.append(screen->cursor().shape());
-            return ScriptedMessages::show(style, text, title, details);
+            return ScriptedMessages::show(style, text, title, details, button);
         }
     } watching;
     add(DataKind::Customer, u"顧客"_s);
