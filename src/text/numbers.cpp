@@ -27,9 +27,11 @@ std::optional<QString> plainNumber(QStringView text, NumberForm form)
         QStringLiteral("\\A([+-]?)(\\d{1,3}(?:,\\d{3})+|\\d+)?(?:\\.(\\d*))?\\z"));
     const QRegularExpressionMatch match = number.match(halfWidth(text));
     QString whole = match.captured(2).remove(u',');
-    const QString fraction = match.captured(3);
+    QString fraction = match.captured(3);
     if (!match.hasMatch() || (whole.isEmpty() && fraction.isEmpty()))
         return std::nullopt;
+    if (form == NumberForm::Whole && fraction.count(u'0') == fraction.size())
+        fraction.clear(); // "5.0" is whole
     while (whole.size() > 1 && whole.front() == u'0')
         whole.remove(0, 1);
     if (whole.isEmpty())
@@ -41,7 +43,7 @@ std::optional<QString> plainNumber(QStringView text, NumberForm form)
         plain.prepend(u'-');
     bool fits = true;
     if (form == NumberForm::Whole)
-        plain.toInt(&fits); // refuses a decimal point too
+        plain.toInt(&fits); // refuses what is left of a fraction too
     return fits ? std::optional(plain) : std::nullopt;
 }
 

@@ -14,8 +14,9 @@ enum class NumberForm {
 };
 
 // A number in plain half-width digits: sign, thousands commas in groups of three, a decimal point
-// and full-width characters are understood. "１，２００" gives "1200", "+5" gives "5". Nothing for
-// text that is no number of the form: "", "12a", "1.5" as a whole number, one that is too large.
+// and full-width characters are understood. "１，２００" gives "1200", "+5" gives "5", and as a
+// whole number "5.0" gives "5". Nothing for text that is no number of the form: "", "12a", "1.5" as
+// a whole number, one that is too large.
 std::optional<QString> plainNumber(QStringView text, NumberForm form);
 
 } // namespace text

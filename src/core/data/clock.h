@@ -19,4 +19,14 @@ public:
     QDateTime now() const override;
 };
 
+// One reading of a clock: all that belongs together gets the same moment.
+class StandingClock : public Clock {
+public:
+    explicit StandingClock(const Clock& clock) : m_now(clock.now()) {}
+    QDateTime now() const override { return m_now; }
+
+private:
+    QDateTime m_now;
+};
+
 } // namespace core

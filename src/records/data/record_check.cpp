@@ -15,7 +15,7 @@ RecordState stateOf(const storage::Recordset& row, const QString& stampShown)
     return row.text(u"更新日時") == stampShown ? RecordState::Unchanged : RecordState::Changed;
 }
 
-CheckResult askAbout(core::Messages& messages, RecordState state)
+CheckResult askAbout(core::Messages& messages, RecordState state, core::DefaultButton button)
 {
     if (state == RecordState::Gone) {
         core::tellRowGone(messages);
@@ -23,7 +23,7 @@ CheckResult askAbout(core::Messages& messages, RecordState state)
     }
     if (state == RecordState::Unchanged
         || messages.confirm(
-            u"すでにデータが更新されている可能性があります、このまま更新しますか？"_s))
+            u"すでにデータが更新されている可能性があります、このまま更新しますか？"_s, button))
         return CheckResult::GoOn;
     messages.tell(u"リスト表示を更新して下さい"_s);
     return CheckResult::Declined;

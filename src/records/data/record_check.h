@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/data/messages.h"
 #include "records/data/database.h"
 
 #include <QString>
@@ -21,7 +22,9 @@ RecordState stateOf(const storage::Recordset& row, const QString& stampShown);
 enum class CheckResult { GoOn = 1, Declined = 2, Gone = 3 };
 
 // Tells the user of a vanished record and asks about a changed one.
-CheckResult askAbout(core::Messages& messages, RecordState state);
+// `button`: what Enter presses in the question.
+CheckResult askAbout(core::Messages& messages, RecordState state,
+                     core::DefaultButton button = core::DefaultButton::First);
 
 // Tells the user that the record to which another was to be added is no longer there.
 void tellParentGone(core::Messages& messages);

@@ -84,7 +84,8 @@ struct Ran {
 };
 
 Ran runChecked(Database& data, const QString& query, const QString& stampShown,
-               QStringView failedText, const RowSteps& steps)
+               QStringView failedText, const RowSteps& steps,
+               core::DefaultButton button = core::DefaultButton::First)
 {
     Ran ran;
     const QString* stamp = &stampShown;
@@ -92,7 +93,7 @@ Ran runChecked(Database& data, const QString& query, const QString& stampShown,
         const RecordState state = runOnRow(data, query, stamp, &ran.done, steps);
         if (state == RecordState::Unchanged)
             break;
-        ran.check = askAbout(data.messages, state);
+        ran.check = askAbout(data.messages, state, button);
         if (ran.check != CheckResult::GoOn)
             return ran;
         stamp = nullptr;
@@ -142,6 +143,17 @@ FieldValues keptForm(const RecordTable& table, FieldValues values)
     return values;
 }
 
+// The database as one save sees it: all that it stamps gets one moment, read under its lock.
+struct OneSave {
+    explicit OneSave(const Database& data)
+        : moment(data.clock), at{data.messages, moment, data.connection}
+    {
+    }
+
+    core::StandingClock moment;
+    Database at;
+};
+
 // Tells the user what is wrong with the values, if anything is.
 bool isRefused(Database& data, const RecordTable& table, const FieldValues& entered,
                const FieldValues& edited)
@@ -173,7 +185,7 @@ Refusing blankRefused(const QStringList& columns, const QString& message)
 {
     return [columns, message](const FieldValues& entered) -> std::optional<Refusal> {
         for (const QString& column : columns) {
-            if (fieldText(entered, column).isEmpty())
+            if (fieldText(entered, column).trimmed().isEmpty()) // the ideographic blank too
                 return Refusal{message, column};
         }
         return std::nullopt;
@@ -222,14 +234,15 @@ std::optional<Refusal> refusalOf(const RecordTable& table, const FieldValues& en
 
 SaveResult addRecord(Database& data, const RecordTable& table,
                      const QList<core::RecordKey>& parents, const FieldValues& entered,
-                     Record* added)
+                     Record* added, const FieldValues& shown)
 {
-    if (isRefused(data, table, entered, entered))
+    if (isRefused(data, table, entered, editedOf(entered, shown)))
         return SaveResult::Refused;
     Q_ASSERT(parents.size() == table.parents.size());
     bool parentGone = false;
     Record record;
     const bool saved = runSteps(data, [&] {
+        OneSave save(data);
         // A record without parents is this system's own: its mark is 0.
         FieldValues values;
         if (table.parents.isEmpty())
@@ -241,10 +254,10 @@ SaveResult addRecord(Database& data, const RecordTable& table,
             values += *kept;
         }
         values += keptForm(table, entered);
-        values += derivedOf(data, table, values);
-        return appendNumbered(data, table.name, table.numbering, table.idColumn, values,
+        values += derivedOf(save.at, table, values);
+        return appendNumbered(save.at, table.name, table.numbering, table.idColumn, values,
                               [&](const auto& row) { record = recordOf(table, row); })
-            && touch(data, table, record);
+            && touch(save.at, table, record);
     });
     if (saved) {
         if (added)
@@ -269,14 +282,15 @@ SaveResult changeRecord(Database& data, const RecordTable& table, const core::Re
     return saveResultOf(runChecked(
         data, table.rowQuery.with(key), key.stamp, core::SaveFailedText,
         [&](storage::Recordset& row) {
+            OneSave save(data);
             if (!setAll(row, written)
-                || !putFields(data, row, derivedOf(data, table, recordOf(table, row).fields))
+                || !putFields(save.at, row, derivedOf(save.at, table, recordOf(table, row).fields))
                 || !row.update())
                 return false;
             const Record after = recordOf(table, row);
             if (changed)
                 *changed = after;
-            return touch(data, table, after);
+            return touch(save.at, table, after);
         }));
 }
 
@@ -334,14 +348,17 @@ SaveResult writeFieldsOfAll(Database& data, const RecordTable& table,
 DeleteResult removeRecord(Database& data, const RecordTable& table, const core::RecordKey& key,
                           const QString& question)
 {
-    if (!data.messages.confirm(question))
+    if (!data.messages.confirm(question, core::DefaultButton::No))
         return DeleteResult::Kept;
     const KeyedText& query = table.deleteQuery.text.isEmpty() ? table.rowQuery : table.deleteQuery;
     return deleteResultOf(runChecked(
-        data, query.with(key), key.stamp, core::DeleteFailedText, [&](storage::Recordset& row) {
+        data, query.with(key), key.stamp, core::DeleteFailedText,
+        [&](storage::Recordset& row) {
             const Record before = recordOf(table, row);
-            return runCascade(data, table.cascade, key) && touch(data, table, before);
-        }));
+            OneSave save(data);
+            return runCascade(data, table.cascade, key) && touch(save.at, table, before);
+        },
+        core::DefaultButton::No));
 }
 
 } // namespace records

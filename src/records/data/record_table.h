@@ -81,7 +81,7 @@ struct NumberColumn {
 };
 
 using Refusing = std::function<std::optional<Refusal>(const FieldValues& entered)>;
-// Refuses values where one of the columns is blank.
+// Refuses values where one of the columns is empty or holds nothing but blanks.
 Refusing blankRefused(const QStringList& columns, const QString& message);
 
 // 最近更新日時 alone, for RecordTable::derived.
@@ -122,9 +122,10 @@ std::optional<Refusal> refusalOf(const RecordTable& table, const FieldValues& en
 
 // Appends a record under its parents, whose IDs and marks stand in `parents` in the order of the
 // table's. The first parent that is gone is told. `added` receives the record as it was written.
+// `shown`: what the user found in the fields, as those of a copy; it is written, but not judged.
 SaveResult addRecord(Database& data, const RecordTable& table,
                      const QList<core::RecordKey>& parents, const FieldValues& entered,
-                     Record* added = nullptr);
+                     Record* added = nullptr, const FieldValues& shown = {});
 // Changes a record that was shown with this key. Of `entered` only what differs from `shown` is
 // written, with what is derived from the row as it will then stand. The user is asked when it was
 // changed meanwhile, outside the transaction, so that nobody else waits for the answer.
@@ -138,7 +139,8 @@ SaveResult writeFields(Database& data, const RecordTable& table, const core::Rec
 // were changed meanwhile, and told once how many are gone; the others are written then.
 SaveResult writeFieldsOfAll(Database& data, const RecordTable& table,
                             const QList<core::RecordKey>& keys, const FieldValues& fields);
-// Asks `question` and deletes a record that was shown with this key, with all that hangs on it.
+// Asks `question` and deletes a record that was shown with this key, with all that hangs on it. In
+// its questions いいえ is the default button.
 DeleteResult removeRecord(Database& data, const RecordTable& table, const core::RecordKey& key,
                           const QString& question = QStringLiteral("削除しますか？"));
 

@@ -2,6 +2,8 @@
 #include "customer/data/free_items.h"
 #include "support/customer/data/customer_test.h"
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 using core::Answer;
 using records::FieldValues;
@@ -89,6 +91,104 @@ TEST_F(RecordRulesTest, ColumnsOfNumbersTakeNumbersOnly)
         EXPECT_EQ(messages.takeBoxes(), each.result == SaveResult::Saved ? QList<Box>() : refused);
     }
     EXPECT_EQ(valueOf(u"SELECT 定価 FROM 納品リスト"_s), u"1500"_s);
+}
+
+// A copy shows what its original held, which nobody typed.
+TEST_F(RecordRulesTest, ANumberThatACopyBringsAlongIsNotJudged)
+{
+    RecordTable table = customer::deliveryTable();
+    table.numbers = {{u"定価"_s}};
+    const FieldValues shown{{u"品名"_s, u"棚"_s}, {u"定価"_s, u"時価"_s}};
+    EXPECT_EQ(addRecord(file, table, {owner.key}, shown, nullptr, shown), SaveResult::Saved);
+    EXPECT_EQ(valueOf(u"SELECT 定価 FROM 納品リスト"_s), u"時価"_s);
+    EXPECT_EQ(addRecord(file, table, {owner.key}, shown), SaveResult::Refused);
+    EXPECT_EQ(messages.takeText(), u"数字のみ入力して下さい。"_s);
+}
+
+TEST_F(RecordRulesTest, BlanksAloneAreNoName)
+{
+    for (const QString& blanks : {u""_s, u" "_s, u"　"_s, u" 　 "_s}) {
+        EXPECT_EQ(addRecord(file, customer::customerTable(), {}, named(blanks, u"ｱ"_s)),
+                  SaveResult::Refused);
+        EXPECT_EQ(messages.takeText(), u"表示ﾌﾘｶﾞﾅ・表示名は空白禁止です。"_s);
+    }
+}
+
+// A clock that goes on whenever somebody looks at it.
+class RunningClock : public core::Clock {
+public:
+    QDateTime now() const override { return m_now = m_now.addSecs(1); }
+
+private:
+    mutable QDateTime m_now{QDate(2025, 4, 15), QTime(10, 0), Qt::UTC};
+};
+
+TEST_F(RecordRulesTest, WhatOneSaveStampsGetsOneMoment)
+{
+    const RunningClock running;
+    records::Database timed{messages, running, file.connection};
+    const auto second = [](const QString& moment) { return moment.left(19); };
+    Record after;
+    EXPECT_EQ(changeRecord(timed, customer::customerTable(), owner.key, named(u"後"_s, u"ｱ"_s), {},
+                           &after),
+              SaveResult::Saved);
+    EXPECT_EQ(after.text(u"最近更新日時"), after.text(u"更新日時"));
+    Record ofCase;
+    EXPECT_EQ(addRecord(timed, customer::caseTable(), {owner.key}, {{u"件名"_s, u"一"_s}}, &ofCase),
+              SaveResult::Saved);
+    EXPECT_EQ(second(ofCase.text(u"最近更新日時")), second(ofCase.text(u"更新日時")));
+    after = fresh(customer::customerTable(), owner.key);
+    EXPECT_EQ(second(after.text(u"最近更新日時")), second(ofCase.text(u"更新日時")));
+}
+
+// Says yes to everything, but the row has gone when a question is answered.
+class SlowAnswers : public ScriptedMessages {
+public:
+    std::function<void(const QString& question)> meanwhile;
+
+    Answer show(core::MessageStyle style, const QString& text, const QString& title,
+                const QString& details, core::DefaultButton button) override
+    {
+        if (style == core::MessageStyle::ExclamationYesNo)
+            meanwhile(text);
+        return ScriptedMessages::show(style, text, title, details, button);
+    }
+};
+
+TEST_F(RecordRulesTest, ARowThatVanishesWhileAQuestionStandsIsToldAsVanished)
+{
+    const Box vanished{
+        48, u"データが削除されている為、更新できません。\r\nリスト表示を更新して下さい。"_s};
+    const QString changed =
+        u"すでにデータが更新されている可能性があります、このまま更新しますか？"_s;
+    const struct {
+        bool removes;
+        QString vanishesAt;
+    } cases[] = {{false, changed}, {true, changed}, {true, u"削除しますか？"_s}};
+    for (const auto& each : cases) {
+        const Record row = addNamed(u"客"_s, u"ｷｬｸ"_s);
+        change(customer::customerTable(), row.key, {{u"備考"_s, u"他"_s}});
+        SlowAnswers slow;
+        slow.meanwhile = [&](const QString& question) {
+            slow.willAnswer(Answer::Yes);
+            if (question == each.vanishesAt)
+                execute(u"DELETE FROM ユーザー Where ユーザー更新ID ="_s
+                        + QString::number(row.key.updateId));
+        };
+        records::Database asked{slow, clock, file.connection};
+        if (each.removes) {
+            EXPECT_EQ(removeRecord(asked, customer::customerTable(), row.key),
+                      records::DeleteResult::Gone);
+        } else {
+            EXPECT_EQ(
+                changeRecord(asked, customer::customerTable(), row.key, named(u"後"_s, u"ｱ"_s), {}),
+                SaveResult::Gone);
+        }
+        const QList<Box> boxes = slow.takeBoxes();
+        EXPECT_EQ(boxes.last(), vanished);
+        for (const Box& box : boxes.first(boxes.size() - 1))
+            EXPECT_EQ(box.noByDefault, each.removes) << box.text.toStdString();
+    }
 }
 
 // A database without counters, as the application database is.
