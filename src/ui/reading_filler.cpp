@@ -1,12 +1,10 @@
 #include "ui/reading_filler.h"
 
-#include "text/width.h"
-
 #include <QInputMethodEvent>
-#include <QKeyEvent>
 #include <QLineEdit>
 
 #include <algorithm>
+#include <utility>
 
 namespace ui {
 namespace {
@@ -45,69 +43,68 @@ QString readingOf(const QString& composing)
     return hasN ? kana.toString() + u'ん' : kana.toString();
 }
 
-// What a text that was not composed from kana adds: itself, unless its reading cannot be known.
-QString plainPart(const QString& text)
-{
-    const bool readable = std::all_of(text.begin(), text.end(), [](QChar character) {
-        return isKana(character) || character.unicode() < 0x80 || character == QChar(0x3000)
-            || (character.unicode() >= 0xFF01 && character.unicode() <= 0xFF5E);
-    });
-    return readable ? text : QString();
-}
-
 } // namespace
 
 ReadingFiller::ReadingFiller(QLineEdit* name, QLineEdit* reading)
     : QObject(name), m_name(name), m_reading(reading)
 {
+    m_known.reset(m_name->text());
     m_name->installEventFilter(this);
+    // Comes before textChanged(), and for the user's own changes alone.
+    connect(m_name, &QLineEdit::textEdited, this, &ReadingFiller::nameEdited);
     connect(m_name, &QLineEdit::textChanged, this, &ReadingFiller::nameChanged);
 }
 
 bool ReadingFiller::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_name && event->type() == QEvent::InputMethod) {
+    if (watched == m_name && event->type() == QEvent::InputMethod)
         compose(*static_cast<QInputMethodEvent*>(event));
-    } else if (watched == m_name && event->type() == QEvent::KeyPress) {
-        const auto* const key = static_cast<QKeyEvent*>(event);
-        const bool types = !key->text().isEmpty() && key->text().front().isPrint()
-            && !(key->modifiers() & (Qt::ControlModifier | Qt::AltModifier));
-        if (types && !m_name->isReadOnly())
-            append(plainPart(key->text()));
-    }
+    else if (watched == m_name && event->type() == QEvent::KeyPress)
+        m_converted.reset(); // a commit that the field did not take
     return false;
 }
 
+// Looks at a step of a conversion before the field does.
 void ReadingFiller::compose(const QInputMethodEvent& event)
 {
-    if (!event.commitString().isEmpty()) {
-        append(m_composed.isEmpty() ? plainPart(event.commitString()) : m_composed);
-        m_composed.clear();
-    }
+    m_converted.reset();
+    if (!event.commitString().isEmpty() && !m_composed.isEmpty())
+        m_converted = m_composed;
     const QString& composing = event.preeditString();
+    if (!event.commitString().isEmpty() || composing.isEmpty())
+        m_composed.clear();
     if (const QString reading = readingOf(composing); !reading.isEmpty())
         m_composed = reading;
-    else if (composing.isEmpty())
-        m_composed.clear();
 }
 
-void ReadingFiller::append(const QString& typed)
+void ReadingFiller::nameEdited(const QString& text)
+{
+    m_isEdited = true;
+    m_known.edited(text, m_name->cursorPosition(), std::exchange(m_converted, std::nullopt));
+    fill();
+}
+
+// A name that the program puts in has the reading that it brings along.
+void ReadingFiller::nameChanged(const QString& text)
+{
+    if (std::exchange(m_isEdited, false))
+        return;
+    m_known.reset(text);
+    if (text.isEmpty())
+        fill();
+    else
+        m_filled.clear();
+}
+
+void ReadingFiller::fill()
 {
     if (m_reading->text().isEmpty())
         m_filled.clear();
-    if (typed.isEmpty() || m_reading->text() != m_filled)
+    const QString known = m_known.known();
+    if (m_reading->text() != m_filled || known == m_filled)
         return;
-    m_filled += text::toHalfWidthKatakana(typed);
-    m_reading->setText(m_filled);
+    m_reading->setText(known);
     m_filled = m_reading->text(); // it may be limited in length
-}
-
-void ReadingFiller::nameChanged(const QString& text)
-{
-    if (text.isEmpty() && !m_filled.isEmpty() && m_reading->text() == m_filled) {
-        m_reading->clear();
-        m_filled.clear();
-    }
 }
 
 } // namespace ui

@@ -2,11 +2,9 @@
 #include "text/dates.h"
 #include "ui/date_picker.h"
 #include "ui/digits_line_edit.h"
-#include "ui/reading_filler.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QTest>
 #include <QVBoxLayout>
@@ -14,87 +12,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-struct Step {
-    QString preedit;
-    QString commit;
-};
-
-struct Typing {
-    const char* what;
-    QList<Step> steps;
-    QString reading;
-};
-
-class ReadingFillerTest : public testing::Test {
-protected:
-    void compose(const Step& step)
-    {
-        QInputMethodEvent event(step.preedit, {});
-        event.setCommitString(step.commit);
-        QCoreApplication::sendEvent(&name, &event);
-    }
-    void write(const QString& typedName, const QString& kana)
-    {
-        compose({kana, {}});
-        compose({{}, typedName});
-    }
-
-    QLineEdit name;
-    QLineEdit reading;
-    ui::ReadingFiller filler{&name, &reading};
-};
-
-TEST_F(ReadingFillerTest, FollowsTheKeystrokes)
-{
-    const Typing cases[] = {
-        {"romaji input, converted",
-         {{u"し"_s, {}}, {u"しb"_s, {}}, {u"しぶや"_s, {}}, {u"渋谷"_s, {}}, {{}, u"渋谷"_s}},
-         u"ｼﾌﾞﾔ"_s},
-        {"a trailing n is ん", {{u"けn"_s, {}}, {u"健"_s, {}}, {{}, u"健"_s}}, u"ｹﾝ"_s},
-        {"a full-width trailing n", {{u"しｎ"_s, {}}, {u"新"_s, {}}, {{}, u"新"_s}}, u"ｼﾝ"_s},
-        {"two conversions",
-         {{u"やまだ"_s, {}}, {{}, u"山田"_s}, {u"はなこ"_s, {}}, {{}, u"花子"_s}},
-         u"ﾔﾏﾀﾞﾊﾅｺ"_s},
-        {"katakana as typed", {{u"カード"_s, {}}, {{}, u"カード"_s}}, u"ｶｰﾄﾞ"_s},
-        {"a correction before the conversion",
-         {{u"さかい"_s, {}}, {u"さか"_s, {}}, {u"坂"_s, {}}, {{}, u"坂"_s}},
-         u"ｻｶ"_s},
-        {"a conversion that is given up",
-         {{u"だめ"_s, {}}, {{}, {}}, {u"よし"_s, {}}, {{}, u"良"_s}},
-         u"ﾖｼ"_s},
-        {"kanji without keystrokes", {{{}, u"渋谷"_s}}, QString()},
-    };
-    for (const Typing& each : cases) {
-        name.clear();
-        reading.clear();
-        for (const Step& step : each.steps)
-            compose(step);
-        EXPECT_EQ(reading.text(), each.reading) << each.what;
-    }
-}
-
-TEST_F(ReadingFillerTest, TakesPlainKeysToo)
-{
-    QTest::keyClicks(&name, u"ABC 3"_s);
-    EXPECT_EQ(reading.text(), u"ABC 3"_s);
-}
-
-TEST_F(ReadingFillerTest, LeavesAReadingOfTheUsersOwnAlone)
-{
-    write(u"山田"_s, u"やまだ"_s);
-    reading.setText(u"ﾔﾏﾀﾞ ﾃｲ"_s);
-    write(u"邸"_s, u"てい"_s);
-    EXPECT_EQ(reading.text(), u"ﾔﾏﾀﾞ ﾃｲ"_s);
-    name.clear();
-    EXPECT_EQ(reading.text(), u"ﾔﾏﾀﾞ ﾃｲ"_s);
-
-    reading.clear();
-    write(u"鈴木"_s, u"すずき"_s);
-    EXPECT_EQ(reading.text(), u"ｽｽﾞｷ"_s) << "an empty reading is filled again";
-    name.clear();
-    EXPECT_EQ(reading.text(), QString()) << "what it filled goes with the name";
-}
 
 class DigitsLineEditTest : public testing::Test {
 protected:
@@ -149,15 +66,12 @@ TEST_F(DigitsLineEditTest, LooksAtEditedTextWhenItIsLeft)
     };
     using enum text::NumberForm;
     const Case cases[] = {
-        {Whole, u"1,200"_s, u"1200"_s},
-        {Whole, u"１２"_s, u"12"_s},
-        {Whole, u"−５"_s, u"-5"_s},
-        {Decimal, u"+1,234.5"_s, u"1234.5"_s},
-        {Whole, u"1.5"_s, u"0"_s},
-        {Whole, u"12a"_s, u"0"_s},
-        {Whole, u""_s, u"0"_s},
-        {Whole, u"2147483648"_s, u"0"_s},
-        {Decimal, u"1234567890123456"_s, u"0"_s},
+        {Whole, u"1,200"_s, u"1200"_s},   {Whole, u"１２"_s, u"12"_s},
+        {Whole, u"−５"_s, u"-5"_s},       {Decimal, u"+1,234.5"_s, u"1234.5"_s},
+        {Whole, u"5.0"_s, u"5"_s},        {Whole, u"1,234.00"_s, u"1234"_s},
+        {Decimal, u"5.0"_s, u"5.0"_s},    {Whole, u"1.50"_s, u"0"_s},
+        {Whole, u"12a"_s, u"0"_s},        {Whole, u""_s, u"0"_s},
+        {Whole, u"2147483648"_s, u"0"_s}, {Decimal, u"1234567890123456"_s, u"0"_s},
         {Decimal, u"12,34"_s, u"0"_s},
     };
     for (const Case& each : cases) {
