@@ -4,8 +4,10 @@
 #include "core/data/program_version.h"
 #include "core/data/shared.h"
 #include "core/data/start_up.h"
+#include "records/data/draft_store.h"
 #include "ui/application_look.h"
 #include "ui/desktop_opener.h"
+#include "ui/end_signals.h"
 #include "ui/message_boxes.h"
 #include "ui/user_settings.h"
 #include "ui/wait_cursor.h"
@@ -26,6 +28,7 @@ int main(int argc, char** argv)
     QGuiApplication::setDesktopFileName(QStringLiteral(CORVANE_DESKTOP_ID));
     ui::setUpApplication(application);
 
+    const ui::EndSignals endSignals;
     const ui::WaitCursor waitCursor;
     ui::MessageBoxes messages;
     const core::SystemClock clock;
@@ -35,7 +38,7 @@ int main(int argc, char** argv)
 
     ui::DesktopOpener opener;
     ui::StoredUserSettings userSettings;
-    Program program(shared, opener, userSettings);
+    Program program(shared, opener, userSettings, records::userStateFolder());
     program.start();
     return QApplication::exec();
 }

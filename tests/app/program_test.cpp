@@ -26,7 +26,7 @@ protected:
     void SetUp() override
     {
         openFolder();
-        program = std::make_unique<Program>(shared, opener, userSettings);
+        restart();
     }
     void TearDown() override
     {
@@ -63,6 +63,23 @@ protected:
                 return *form;
         }
         qFatal("no form is open");
+    }
+    // Types a new customer's name over what the form shows, closes it, and gives what it showed.
+    QString typeInto(const QString& path, const QString& typed)
+    {
+        QWidget* const screen = open(path);
+        records::EditForm& form = newCustomer(*screen);
+        const QString found = name(form).text();
+        if (!typed.isEmpty())
+            name(form).setText(typed);
+        form.close();
+        screen->close();
+        return found;
+    }
+    void restart()
+    {
+        program.reset();
+        program = std::make_unique<Program>(shared, opener, userSettings, file(u"控え"_s));
     }
     static QLineEdit& name(const records::EditForm& form)
     {
@@ -103,27 +120,24 @@ TEST_F(ProgramTest, AFileThatCannotBeOpenedIsToldAndShowsNothing)
     EXPECT_EQ(shown<customer::kokyaku>(), nullptr);
 }
 
-// What was typed and not saved belongs to its data file.
+// What was typed and not saved belongs to its data file, and stays with it.
 TEST_F(ProgramTest, DraftsAreKeptForEachFile)
 {
     const QString one = pathOf(u"本店"_s);
     const QString other = pathOf(u"支店"_s);
-    const auto typeInto = [&](const QString& path, const QString& typed) {
-        QWidget* const screen = open(path);
-        records::EditForm& form = newCustomer(*screen);
-        const QString found = name(form).text();
-        if (!typed.isEmpty())
-            name(form).setText(typed);
-        form.close();
-        screen->close();
-        return found;
-    };
     EXPECT_EQ(typeInto(one, u"加藤"_s), QString());
     EXPECT_EQ(typeInto(other, {}), QString());
     EXPECT_TRUE(messages.takeBoxes().isEmpty()) << "another file's text is not offered";
-    messages.willAnswer(core::Answer::Yes);
-    EXPECT_EQ(typeInto(one, {}), u"加藤"_s);
+
+    restart();
+    ASSERT_TRUE(ChangeDataFile(shared, entries(core::DataKind::Customer).last(), u"新本店"_s, {}));
+    messages.takeBoxes();
+    messages.willAnswer(core::Answer::Cancel);
+    EXPECT_EQ(typeInto(core::dataFile(folder(), core::DataKind::Customer, u"新本店"_s), {}),
+              QString());
     EXPECT_EQ(messages.takeBoxes().size(), 1);
+    EXPECT_EQ(typeInto(pathOf(u"本店"_s), {}), QString());
+    EXPECT_TRUE(messages.takeBoxes().isEmpty()) << "a new file under the old name has none";
 }
 
 } // namespace

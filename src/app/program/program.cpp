@@ -18,15 +18,23 @@
 using namespace Qt::StringLiterals;
 using core::Screen;
 
-Program::Program(core::Shared& shared, core::Opener& opener, ui::UserSettings& userSettings)
-    : m_shared(shared), m_opener(opener), m_userSettings(userSettings)
+Program::Program(core::Shared& shared, core::Opener& opener, ui::UserSettings& userSettings,
+                 const QString& stateFolder)
+    : m_shared(shared),
+      m_opener(opener),
+      m_userSettings(userSettings),
+      m_draftStore(std::make_shared<records::DraftStore>(stateFolder))
 {
+    m_shared.dataFileMoved = [store = m_draftStore](const QString& from, const QString& to) {
+        store->fileMoved(from, to);
+    };
     // The end of the program is the end of the menu, not of whatever window is closed last.
     QApplication::setQuitOnLastWindowClosed(false);
 }
 
 Program::~Program()
 {
+    m_shared.dataFileMoved = {};
     for (const QPointer<QWidget>& screen : m_screens)
         delete screen;
 }
@@ -92,13 +100,19 @@ std::optional<core::OpenedDataFile> Program::openCustomers(const QString& path, 
         return std::nullopt;
     const QStringList notice = customer::noticeLines(*file);
     auto* const screen = new customer::kokyaku(std::move(file), m_shared, m_opener, m_files,
-                                               m_drafts[path], m_userSettings);
+                                               draftsOf(path), m_userSettings);
     QObject::connect(screen, &customer::kokyaku::closed, screen, [this] {
         m_shared.CustomerDataPath.clear();
         show(Screen::Menu);
     });
     open(screen);
     return core::OpenedDataFile{screen, notice};
+}
+
+records::Drafts& Program::draftsOf(const QString& path)
+{
+    m_draftStore->takeOver();
+    return m_drafts.try_emplace(path, m_draftStore, path).first->second;
 }
 
 void Program::open(QWidget* screen)

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "core/screens/screen_flow.h"
-#include "records/screens/drafts.h"
+#include "records/data/draft_store.h"
 #include "ui/file_chooser.h"
 
 #include <QList>
 #include <QPointer>
 
 #include <map>
+#include <memory>
 
 namespace core {
 class Opener;
@@ -20,7 +21,9 @@ class UserSettings;
 // The running program: creates the screens and hands over from one to the next.
 class Program : public core::ScreenFlow, public core::DataFileOpener {
 public:
-    Program(core::Shared& shared, core::Opener& opener, ui::UserSettings& userSettings);
+    // `stateFolder`: where this user's drafts are kept; empty: nowhere.
+    Program(core::Shared& shared, core::Opener& opener, ui::UserSettings& userSettings,
+            const QString& stateFolder = {});
     ~Program() override; // closes the screens that are still open
 
     // Shows the splash screen.
@@ -36,6 +39,7 @@ public:
 
 private:
     std::optional<core::OpenedDataFile> openCustomers(const QString& path, storage::Mode mode);
+    records::Drafts& draftsOf(const QString& path);
     // Shows a screen that deletes itself when it is closed.
     void open(QWidget* screen);
 
@@ -43,6 +47,7 @@ private:
     core::Opener& m_opener;
     ui::UserSettings& m_userSettings;
     ui::FileDialogs m_files;
+    std::shared_ptr<records::DraftStore> m_draftStore;
     std::map<QString, records::Drafts> m_drafts; // by the data file's path
     QList<QPointer<QWidget>> m_screens;
 };

@@ -272,15 +272,24 @@ bool isWritten(Shared& shared, const Outcome& outcome, QStringView failure)
     return tellMainDatabaseFailed(shared, failure);
 }
 
+void tellMoved(const Shared& shared, const QString& from, const QString& to)
+{
+    if (shared.dataFileMoved)
+        shared.dataFileMoved(from, to);
+}
+
 // False when the file could not be given its new name.
-bool moveFile(const Before& before, const QString& newFile)
+bool moveFile(const Shared& shared, const Before& before, const QString& newFile)
 {
     if (before.isAnothers || before.file.isEmpty())
         return false;
     const QByteArray identity = data_files::identity(before.file);
-    if (!identity.isEmpty() && data_files::identity(newFile) == identity)
-        return true; // another spelling of the name that the file has
-    return !data_files::rename(before.file, newFile, QString::fromUtf16(DatabasePassword));
+    // Another spelling of the name that the file has leads to it already.
+    const bool isThere = !identity.isEmpty() && data_files::identity(newFile) == identity;
+    if (!isThere && data_files::rename(before.file, newFile, QString::fromUtf16(DatabasePassword)))
+        return false;
+    tellMoved(shared, before.file, newFile);
+    return true;
 }
 
 void tellAnd(Shared& shared, const QString& firstLine, const QString& secondLine)
@@ -338,7 +347,7 @@ bool ChangeDataFile(Shared& shared, const DataFileEntry& selected, const QString
 
     const DataFileEntry& old = before.entry;
     if (old.name != newName
-        && !moveFile(before, dataFile(shared.programFolder, old.kind, newName))) {
+        && !moveFile(shared, before, dataFile(shared.programFolder, old.kind, newName))) {
         // The row stays changed: row first, file second.
         shared.MessageText = u"ﾌｧｲﾙが見つかりません。"_s;
         shared.messages.refuse(shared.MessageText);
@@ -362,14 +371,14 @@ bool DeleteDataFile(Shared& shared, const DataFileEntry& selected)
     const DataFileEntry asked = before.entry;
     const Answer answer =
         shared.messages.show(MessageStyle::ExclamationYesNo, asked.name + u" を削除しますか？"_s,
-                             QString::fromUtf16(AppTitleText));
+                             QString::fromUtf16(AppTitleText), {}, DefaultButton::No);
     shared.DialogAnswer = QString::number(static_cast<int>(answer));
     // Much can have happened while the user thought.
     if (answer != Answer::Yes || !reachMainDatabase(shared)
         || !isWritten(shared, removeEntry(shared, asked, &before), DeleteFailedText))
         return false;
-    if (!before.isAnothers && !before.file.isEmpty())
-        data_files::remove(before.file);
+    if (!before.isAnothers && !before.file.isEmpty() && !data_files::remove(before.file))
+        tellMoved(shared, before.file, {});
     return true;
 }
 

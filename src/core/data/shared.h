@@ -7,6 +7,7 @@
 #include <QLockFile>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 namespace core {
@@ -34,6 +35,9 @@ struct Shared {
     QString HelpFilePath;
     QString CustomerDataPath; // empty when no customer data file is open
     QString RepairDataPath;   // empty when no repair data file is open
+
+    // Is told of a data file that got another name or, where `to` is empty, is gone; may be empty.
+    std::function<void(const QString& from, const QString& to)> dataFileMoved;
 
     Shared(Messages& toldTo, const Clock& timedBy) : messages(toldTo), clock(timedBy) {}
 };

@@ -32,8 +32,9 @@ upkenmei::upkenmei(const records::Desk& desk, const records::Opening& opening, Q
         const QString finished = opening.record->text(u"完了日");
         m_ui->lblKanryo->setText(finished.isEmpty() ? QString() : u"完了日 "_s + finished);
     }
-    initialize({m_ui->Command1, m_ui->Command2, m_ui->Command3, m_ui->chkrenzo, m_ui->kenmei1},
-               u"upkenmei"_s);
+    initialize(
+        {m_ui->Command1, m_ui->Command2, m_ui->Command3, m_ui->chkrenzo, m_ui->kenmei1, u"件名"_s},
+        u"upkenmei"_s);
 }
 
 upkenmei::~upkenmei() = default;

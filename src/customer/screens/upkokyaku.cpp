@@ -22,7 +22,8 @@ upkokyaku::upkokyaku(const records::Desk& desk, const records::Opening& opening,
     new ui::ReadingFiller(m_ui->txtkokyaku_3, m_ui->txtkokyaku_2);
     new ui::ReadingFiller(m_ui->txtkokyaku_8, m_ui->txtkokyaku_7);
     new ui::EnterMovesOn(this, m_ui->Command1);
-    initialize({m_ui->Command1, m_ui->Command2, m_ui->Command3, m_ui->chkrenzo, m_ui->txtkokyaku_0},
+    initialize({m_ui->Command1, m_ui->Command2, m_ui->Command3, m_ui->chkrenzo, m_ui->txtkokyaku_0,
+                u"表示名"_s},
                u"upkokyaku"_s);
 }
 

@@ -24,7 +24,7 @@ upkrog::upkrog(const records::Desk& desk, const records::Opening& opening, QWidg
     // Several entries of a day are written one after the other.
     continueWith(m_ui->Rrogu, {m_ui->DTPicker2, m_ui->Combo2});
     QWidget* const first = isAdding() ? static_cast<QWidget*>(m_ui->DTPicker2) : m_ui->Rrogu;
-    initialize({m_ui->Command1, m_ui->Command2, m_ui->Command3, m_ui->chkrenzo, first},
+    initialize({m_ui->Command1, m_ui->Command2, m_ui->Command3, m_ui->chkrenzo, first, u"Rログ"_s},
                u"upkrog"_s);
 }
 

@@ -11,8 +11,23 @@
 #include <QPlainTextEdit>
 
 #include <algorithm>
+#include <limits>
 
 namespace records {
+namespace {
+
+// Of a text in a field: what the column does not take is refused by the save, and told; nothing of
+// a long text is cut away unseen.
+constexpr int NoLimit = std::numeric_limits<int>::max();
+
+// A text that is longer than the field is seen by its beginning.
+void showFromStart(QLineEdit& field, const storage::Value& value)
+{
+    field.setText(value.toText());
+    field.setCursorPosition(0);
+}
+
+} // namespace
 
 template <typename Field> void BoundFields::judged(Field* field)
 {
@@ -22,9 +37,10 @@ template <typename Field> void BoundFields::judged(Field* field)
 
 void BoundFields::bind(QLineEdit* field, const QString& column)
 {
+    field->setMaxLength(NoLimit);
     // A pasted text may have line ends in a field of one line too.
     m_bound.push_back({field, column,
-                       [field](const storage::Value& value) { field->setText(value.toText()); },
+                       [field](const storage::Value& value) { showFromStart(*field, value); },
                        [field] { return storage::Value(text::toStoredLines(field->text())); }});
 }
 
@@ -32,7 +48,7 @@ void BoundFields::bind(ui::DigitsLineEdit* field, const QString& column)
 {
     judged(field);
     m_bound.push_back({field, column,
-                       [field](const storage::Value& value) { field->setText(value.toText()); },
+                       [field](const storage::Value& value) { showFromStart(*field, value); },
                        [field] { return storage::Value(field->plainText()); }});
 }
 
@@ -48,12 +64,16 @@ void BoundFields::bind(QPlainTextEdit* field, const QString& column)
 
 void BoundFields::bind(QComboBox* field, const QString& column)
 {
+    if (field->lineEdit())
+        field->lineEdit()->setMaxLength(NoLimit);
     const auto show = [field](const storage::Value& value) {
         const QString text = value.toText();
         constexpr auto Exactly = Qt::MatchFixedString | Qt::MatchCaseSensitive;
         if (!field->isEditable() && field->findText(text, Exactly) < 0)
             field->addItem(text);
         field->setCurrentText(text);
+        if (field->lineEdit())
+            field->lineEdit()->setCursorPosition(0);
     };
     m_bound.push_back(
         {field, column, show, [field] { return storage::Value(field->currentText()); }});

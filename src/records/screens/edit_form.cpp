@@ -1,13 +1,15 @@
 #include "records/screens/edit_form.h"
 
 #include "core/data/messages.h"
-#include "records/screens/drafts.h"
+#include "records/screens/undo_emptying.h"
 #include "ui/scrolling_body.h"
 #include "ui/window_placement.h"
 
 #include <QCheckBox>
 #include <QPushButton>
 #include <QShortcut>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -17,15 +19,24 @@ namespace {
 const QString ChangeCaption = u"更　新"_s;
 const QString EmptyCaption = u"初期化"_s;
 const QString DeleteCaption = u"削　除"_s;
-const QString DraftQuestion = u"前回、保存されずに閉じた入力があります。\r\n"
-                              "続きから入力しますか？"_s;
+constexpr qsizetype LongestName = 30; // of a record, in a sentence
 
 } // namespace
 
 EditForm::EditForm(const Desk& desk, const RecordTable& table, Opening opening, QWidget* parent)
-    : QDialog(parent), m_desk(desk), m_table(table), m_opening(std::move(opening))
+    : QDialog(parent),
+      m_desk(desk),
+      m_table(table),
+      m_opening(std::move(opening)),
+      m_draft(desk, [this] { return unsaved(); })
 {
     setWindowModality(Qt::WindowModal);
+}
+
+// It may go without having been closed: with the window that it stands over, or with the program.
+EditForm::~EditForm()
+{
+    m_draft.write();
 }
 
 void EditForm::initialize(const Controls& controls, const QString& name)
@@ -64,9 +75,10 @@ void EditForm::initialize(const Controls& controls, const QString& name)
     ui::scrollBody(*this);
     ui::restoreWindow(*this, m_desk.userSettings);
     m_controls.first->setFocus();
-    offerDraft(draftName());
-    if (isAdding() && !isChanged())
-        offerDraft(orphanedDraft());
+    offerDraft();
+    m_draft.watch(*this);
+    new UndoEmptying(
+        this, [this] { return m_emptied.has_value(); }, [this] { undoEmptying(); });
 }
 
 // A new record is known by what it belongs to and by what it was copied from.
@@ -83,17 +95,40 @@ QString EditForm::orphanedDraft() const
     return m_name + u" *"_s;
 }
 
-void EditForm::offerDraft(const QString& name)
+// Fields that were not edited keep what the record holds now: another copy may have changed it
+// meanwhile. Of a record that is gone all of them come back.
+void EditForm::offerDraft()
 {
-    const std::optional<FormState> draft = m_desk.drafts.find(name);
-    if (!draft)
-        return;
-    if (m_desk.file.messages.show(core::MessageStyle::InformationYesNo, DraftQuestion,
-                                  QString::fromUtf16(core::AppTitleText))
-        == core::Answer::Yes) {
-        draft->applyTo(*this);
-    }
-    m_desk.drafts.drop(name);
+    FormState typed;
+    if (const std::optional<Draft> draft = m_draft.offer(draftName()))
+        typed = FormState::fromText(draft->edited);
+    else if (const std::optional<Draft> orphan =
+                 isAdding() ? m_draft.offer(orphanedDraft()) : std::nullopt)
+        typed = FormState::fromText(orphan->whole).changedFrom(m_shown);
+    typed.applyTo(*this, FormState::As::Typed);
+}
+
+// Whose draft it is: what the window says, and what the record is called.
+QString EditForm::subject() const
+{
+    const QString name = isAdding() ? fieldText(m_fields.values(), m_controls.nameColumn)
+                                    : fieldText(m_opening.record->fields, m_controls.nameColumn);
+    QString shortName = name.simplified().left(LongestName);
+    if (shortName.size() == LongestName)
+        shortName += u'…';
+    return windowTitle().trimmed() + (isAdding() ? u"（新規）"_s : QString())
+        + (shortName.isEmpty() ? QString() : u" 「"_s + shortName + u"」"_s);
+}
+
+std::optional<Draft> EditForm::unsaved() const
+{
+    if (!isChanged())
+        return std::nullopt;
+    const FormState now = state();
+    return Draft{.form = m_orphaned ? orphanedDraft() : draftName(),
+                 .subject = subject(),
+                 .edited = now.changedFrom(m_shown).toText(),
+                 .whole = now.toText()};
 }
 
 bool EditForm::isChanged() const
@@ -111,7 +146,7 @@ SaveResult EditForm::save()
 {
     Record written;
     const SaveResult result = isAdding()
-        ? addRecord(m_desk.file, m_table, m_opening.parents, m_fields.values(), &written)
+        ? addRecord(m_desk.file, m_table, m_opening.parents, m_fields.values(), &written, m_filled)
         : changeRecord(m_desk.file, m_table, m_opening.record->key, m_fields.values(), m_filled,
                        &written);
     if (result == SaveResult::Saved)
@@ -150,8 +185,7 @@ void EditForm::Command1_Click()
 void EditForm::focusRefused()
 {
     const FieldValues entered = m_fields.values();
-    const std::optional<Refusal> refusal =
-        refusalOf(m_table, entered, isAdding() ? entered : editedOf(entered, m_filled));
+    const std::optional<Refusal> refusal = refusalOf(m_table, entered, editedOf(entered, m_filled));
     if (QWidget* const field = refusal ? m_fields.widgetOf(refusal->column) : nullptr)
         field->setFocus();
 }
@@ -159,6 +193,7 @@ void EditForm::focusRefused()
 void EditForm::saved()
 {
     m_shown = state();
+    m_draft.write();
     emit written();
     if (isAdding() && m_controls.chkrenzo && m_controls.chkrenzo->isChecked())
         beginNext();
@@ -166,10 +201,24 @@ void EditForm::saved()
         accept();
 }
 
+// What was typed into the empty fields since then stays.
+void EditForm::undoEmptying()
+{
+    const Emptied before = *std::exchange(m_emptied, std::nullopt);
+    const FormState back = before.fields.without(state().changedFrom(m_empty));
+    m_opening.record = before.record;
+    m_filled = before.filled;
+    m_shown = before.shown;
+    back.applyTo(*this);
+    back.changedFrom(m_shown).applyTo(*this, FormState::As::Typed);
+}
+
 void EditForm::Command2_Click()
 {
     if (isAdding()) {
+        const Emptied before{state(), m_shown, m_filled, m_opening.record};
         emptyFields();
+        m_emptied = before;
         return;
     }
     const DeleteResult result = remove();
@@ -177,6 +226,8 @@ void EditForm::Command2_Click()
     switch (result) {
     case DeleteResult::Deleted:
         m_shown = state();
+        m_draft.write();
+        m_desk.drafts.dropAll(draftName());
         emit removed();
         emit written();
         accept();
@@ -194,8 +245,10 @@ void EditForm::Command2_Click()
 void EditForm::emptyFields()
 {
     m_opening.record.reset(); // what comes now is no copy of it any more, and its draft not either
+    m_emptied.reset();
     m_empty.applyTo(*this);
     m_shown = m_empty;
+    m_filled = m_fields.values();
     m_controls.first->setFocus();
 }
 
@@ -216,18 +269,14 @@ void EditForm::beginNext()
     emptyFields();
     kept.applyTo(*this);
     m_shown = state();
+    m_filled = m_fields.values();
     if (m_next)
         m_next->setFocus();
 }
 
 void EditForm::done(int result)
 {
-    // What was not edited is left out: another copy may have changed it meanwhile. A record that is
-    // gone is kept whole.
-    if (isChanged() && m_orphaned)
-        m_desk.drafts.keep(orphanedDraft(), state());
-    else if (isChanged())
-        m_desk.drafts.keep(draftName(), state().changedFrom(m_shown));
+    m_draft.close();
     ui::saveWindow(*this, m_desk.userSettings);
     QDialog::done(result);
     // After a message box the window system may have forgotten which window was used before.

@@ -3,6 +3,7 @@
 #include "records/data/record_table.h"
 #include "records/screens/bound_fields.h"
 #include "records/screens/desk.h"
+#include "records/screens/form_draft.h"
 #include "records/screens/form_state.h"
 
 #include <QDate>
@@ -34,14 +35,16 @@ struct Opening {
 // empties the fields while adding and deletes otherwise. With 連続して入力 ticked, an add keeps the
 // form open and empties it for the next record.
 //
-// No text is lost: a save that was refused or failed leaves the form as it is, and what a form
-// holds unsaved when it closes is offered when it is opened for the same record again. When that
-// record, or the one that a new record was to belong to, is gone, it is offered to the next new
-// record of the kind.
+// No text is lost: a save that was refused or failed leaves the form as it is, fields that were
+// emptied come back by Ctrl+Z, and what a form holds unsaved when it closes, or when the program
+// ends in whatever way, is offered when it is opened for the same record again. When that record,
+// or the one that a new record was to belong to, is gone, it is offered to the next new record of
+// the kind.
 class EditForm : public QDialog {
     Q_OBJECT
 
 public:
+    ~EditForm() override;
     void done(int result) override;
 
     // The record that was saved last, as it was written; none before.
@@ -60,6 +63,7 @@ protected:
         QPushButton* Command3 = nullptr; // closes
         QCheckBox* chkrenzo = nullptr;   // may be null
         QWidget* first = nullptr;        // has the focus when typing begins
+        QString nameColumn = {};         // what the record is called by
         QString addCaption = QStringLiteral("追　加");
     };
 
@@ -93,9 +97,12 @@ private:
     void emptyFields();
     void beginNext();
     void focusRefused();
-    void offerDraft(const QString& name);
+    void undoEmptying();
+    void offerDraft();
     QString draftName() const;
     QString orphanedDraft() const;
+    QString subject() const;
+    std::optional<Draft> unsaved() const;
     FormState state() const;
 
     const Desk m_desk;
@@ -108,9 +115,18 @@ private:
     QSet<const QWidget*> m_kept;
     FormState m_empty;
     FormState m_shown;
+    // What the second button took away, and how the form stood to it.
+    struct Emptied {
+        FormState fields;
+        FormState shown;
+        FieldValues filled;
+        std::optional<Record> record;
+    };
+    std::optional<Emptied> m_emptied;
     QString m_name;
     std::optional<Record> m_saved;
     bool m_orphaned = false; // no form will be opened for the same record again
+    FormDraft m_draft;
 };
 
 } // namespace records

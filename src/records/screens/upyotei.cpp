@@ -20,7 +20,8 @@ upyotei::upyotei(const Desk& desk, const Opening& opening, const QString& name, 
     fields().bind(m_ui->DTPicker6, u"時刻"_s);
     fields().bind(m_ui->yotei1, u"予定"_s);
     new ui::EnterMovesOn(this, m_ui->Command1);
-    initialize({m_ui->Command1, m_ui->Command2, m_ui->Command3, m_ui->chkrenzo, m_ui->DTPicker7},
+    initialize({m_ui->Command1, m_ui->Command2, m_ui->Command3, m_ui->chkrenzo, m_ui->DTPicker7,
+                u"予定"_s},
                name);
 }
 

@@ -43,5 +43,7 @@ enum class Version { V300, V311 };
 Definition mainDatabase(Version version);
 Definition customerFile(Version version);
 Definition repairFile(Version version);
+// A user's own file of what was typed and not saved.
+Definition draftsFile();
 
 } // namespace storage::schema

@@ -2,7 +2,7 @@
 
 #include "core/data/shared.h"
 #include "customer/screens/kokyaku.h"
-#include "records/screens/drafts.h"
+#include "records/data/draft_store.h"
 #include "support/customer/data/customer_test.h"
 #include "support/fake_file_chooser.h"
 #include "support/recording_opener.h"

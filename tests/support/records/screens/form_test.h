@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/data/shared.h"
-#include "records/screens/drafts.h"
+#include "records/data/draft_store.h"
 #include "records/screens/edit_form.h"
 #include "support/fake_file_chooser.h"
 #include "support/recording_opener.h"
