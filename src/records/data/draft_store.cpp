@@ -183,6 +183,28 @@ QList<Draft> DraftStore::drafts(const QString& dataFile, const QString& form) co
     return found;
 }
 
+QStringList DraftStore::forms(const QString& dataFile) const
+{
+    return allOf(dataFile, &Draft::form);
+}
+
+QStringList DraftStore::subjects(const QString& dataFile) const
+{
+    return allOf(dataFile, &Draft::subject);
+}
+
+QStringList DraftStore::allOf(const QString& dataFile, QString Draft::*text) const
+{
+    const QString place = placeOf(dataFile);
+    QStringList found;
+    for (const Kept& kept : m_kept) {
+        if (kept.file == place)
+            found.append(kept.draft.*text);
+    }
+    found.removeDuplicates();
+    return found;
+}
+
 void DraftStore::keep(const QString& dataFile, Draft* draft)
 {
     if (draft->id == 0) {
@@ -302,6 +324,16 @@ Drafts::Drafts(std::shared_ptr<DraftStore> store, const QString& dataFile)
 QList<Draft> Drafts::of(const QString& form) const
 {
     return m_store->drafts(m_file, form);
+}
+
+QStringList Drafts::forms() const
+{
+    return m_store->forms(m_file);
+}
+
+QStringList Drafts::subjects() const
+{
+    return m_store->subjects(m_file);
 }
 
 void Drafts::keep(Draft* draft) const

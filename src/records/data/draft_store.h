@@ -20,7 +20,7 @@ struct Draft {
     QString subject = {}; // whose it is, in the user's words
     QDateTime typed = {}; // when it came to hold this
     QString edited = {};  // the fields that were edited
-    QString whole = {};   // all of them, for a record that is no longer there
+    QString whole = {};   // all of them, for a record that is new or no longer there
 
     // Whether the same stands in both, whenever it was typed.
     bool holdsSameAs(const Draft& other) const;
@@ -44,6 +44,10 @@ public:
     void takeOver();
     // Of one form of a data file, the one typed last first.
     QList<Draft> drafts(const QString& dataFile, const QString& form) const;
+    // The forms that a data file has drafts of.
+    QStringList forms(const QString& dataFile) const;
+    // Whose they are.
+    QStringList subjects(const QString& dataFile) const;
     // Keeps a draft in the place of the one with its id; a new one gets an id.
     void keep(const QString& dataFile, Draft* draft);
     // Both are no failure when there is none.
@@ -62,6 +66,7 @@ private:
         QString file;
         Draft draft;
     };
+    QStringList allOf(const QString& dataFile, QString Draft::*text) const;
     bool open();
     static std::optional<QList<Kept>> read(storage::Connection& from);
     void take(const QList<Kept>& found, bool isOwn);
@@ -87,6 +92,8 @@ public:
     Drafts(std::shared_ptr<DraftStore> store, const QString& dataFile);
 
     QList<Draft> of(const QString& form) const;
+    QStringList forms() const;
+    QStringList subjects() const;
     void keep(Draft* draft) const;
     void drop(qint64 id) const;
     void dropAll(const QString& form) const;

@@ -1,6 +1,7 @@
 #include "records/screens/edit_form.h"
 
 #include "core/data/messages.h"
+#include "records/screens/draft_name.h"
 #include "records/screens/undo_emptying.h"
 #include "ui/scrolling_body.h"
 #include "ui/window_placement.h"
@@ -36,7 +37,8 @@ EditForm::EditForm(const Desk& desk, const RecordTable& table, Opening opening, 
 // It may go without having been closed: with the window that it stands over, or with the program.
 EditForm::~EditForm()
 {
-    m_draft.write();
+    if (!m_isClosed)
+        m_draft.write();
 }
 
 void EditForm::initialize(const Controls& controls, const QString& name)
@@ -81,31 +83,29 @@ void EditForm::initialize(const Controls& controls, const QString& name)
         this, [this] { return m_emptied.has_value(); }, [this] { undoEmptying(); });
 }
 
-// A new record is known by what it belongs to and by what it was copied from.
-QString EditForm::draftName() const
-{
-    QString name = m_name + (isAdding() ? u" +"_s : u" "_s);
-    for (const core::RecordKey& parent : m_opening.parents)
-        name += QString::number(parent.updateId) + u' ';
-    return m_opening.record ? name + QString::number(m_opening.record->key.updateId) : name;
-}
-
-QString EditForm::orphanedDraft() const
-{
-    return m_name + u" *"_s;
-}
-
-// Fields that were not edited keep what the record holds now: another copy may have changed it
-// meanwhile. Of a record that is gone all of them come back.
+// A new record comes back as it was left. Of one that is there, fields that were not edited keep
+// what it holds now: another copy may have changed it meanwhile.
 void EditForm::offerDraft()
 {
-    FormState typed;
-    if (const std::optional<Draft> draft = m_draft.offer(draftName()))
-        typed = FormState::fromText(draft->edited);
-    else if (const std::optional<Draft> orphan =
-                 isAdding() ? m_draft.offer(orphanedDraft()) : std::nullopt)
-        typed = FormState::fromText(orphan->whole).changedFrom(m_shown);
-    typed.applyTo(*this, FormState::As::Typed);
+    std::optional<Draft> draft = m_draft.offer(draftName(m_name, m_opening), m_shown);
+    if (!draft && isAdding())
+        draft = offerOrphan();
+    if (draft) {
+        FormState::fromText(isAdding() ? draft->whole : draft->edited)
+            .changedFrom(m_shown)
+            .applyTo(*this, FormState::As::Typed);
+    }
+}
+
+std::optional<Draft> EditForm::offerOrphan()
+{
+    for (const QString& name : m_desk.drafts.forms()) {
+        if (!isOrphaned(m_desk.file, m_table, m_name, name))
+            continue;
+        if (std::optional<Draft> draft = m_draft.offer(name, m_shown))
+            return draft;
+    }
+    return std::nullopt;
 }
 
 // Whose draft it is: what the window says, and what the record is called.
@@ -125,7 +125,7 @@ std::optional<Draft> EditForm::unsaved() const
     if (!isChanged())
         return std::nullopt;
     const FormState now = state();
-    return Draft{.form = m_orphaned ? orphanedDraft() : draftName(),
+    return Draft{.form = m_orphaned ? orphanedDraftName(m_name) : draftName(m_name, m_opening),
                  .subject = subject(),
                  .edited = now.changedFrom(m_shown).toText(),
                  .whole = now.toText()};
@@ -227,7 +227,7 @@ void EditForm::Command2_Click()
     case DeleteResult::Deleted:
         m_shown = state();
         m_draft.write();
-        m_desk.drafts.dropAll(draftName());
+        m_desk.drafts.dropAll(draftName(m_name, m_opening));
         emit removed();
         emit written();
         accept();
@@ -278,6 +278,7 @@ void EditForm::done(int result)
 {
     m_draft.close();
     ui::saveWindow(*this, m_desk.userSettings);
+    m_isClosed = true;
     QDialog::done(result);
     // After a message box the window system may have forgotten which window was used before.
     if (parentWidget())

@@ -99,8 +99,7 @@ private:
     void focusRefused();
     void undoEmptying();
     void offerDraft();
-    QString draftName() const;
-    QString orphanedDraft() const;
+    std::optional<Draft> offerOrphan();
     QString subject() const;
     std::optional<Draft> unsaved() const;
     FormState state() const;
@@ -127,6 +126,7 @@ private:
     std::optional<Record> m_saved;
     bool m_orphaned = false; // no form will be opened for the same record again
     FormDraft m_draft;
+    bool m_isClosed = false;
 };
 
 } // namespace records

@@ -33,6 +33,13 @@ QString questionAbout(const Draft& draft)
 
 } // namespace
 
+void tellKeptDrafts(const Desk& desk)
+{
+    const QStringList subjects = desk.drafts.subjects();
+    if (!subjects.isEmpty())
+        desk.say(u"保存していない入力が残っています： "_s + subjects.join(u"、"_s));
+}
+
 FormDraft::FormDraft(const Desk& desk, std::function<std::optional<Draft>()> unsaved)
     : m_desk(desk), m_unsaved(std::move(unsaved))
 {
@@ -48,10 +55,11 @@ FormDraft::FormDraft(const Desk& desk, std::function<std::optional<Draft>()> uns
     connect(qGuiApp, &QCoreApplication::aboutToQuit, this, &FormDraft::write);
 }
 
-std::optional<Draft> FormDraft::offer(const QString& name)
+std::optional<Draft> FormDraft::offer(const QString& name, const FormState& shown)
 {
     for (const Draft& draft : m_desk.drafts.of(name)) {
-        const core::Answer answer = ask(draft);
+        const bool isNews = !FormState::fromText(draft.edited).changedFrom(shown).isEmpty();
+        const core::Answer answer = isNews ? ask(draft) : core::Answer::No;
         if (answer == core::Answer::Cancel)
             break;
         if (answer == core::Answer::Yes) {

@@ -22,8 +22,6 @@ public:
 
     bool isEmpty() const { return m_values.isEmpty(); }
     QString toText() const;
-    // The text of a field; empty when there is none.
-    QString text(const QString& field) const { return m_values.value(field).toString(); }
 
     // Those of the fields that differ from another state of the same form.
     FormState changedFrom(const FormState& shown) const;

@@ -3,6 +3,7 @@
 #include "core/data/messages.h"
 #include "records/screens/enlarging.h"
 #include "records/screens/floating_windows.h"
+#include "records/screens/form_draft.h"
 #include "records/screens/list_pane.h"
 #include "records/screens/status_line.h"
 #include "ui/list_view.h"
@@ -83,6 +84,7 @@ void MainShell::showStatus()
     statusBar()->addWidget(m_desk.status, 1);
     addAction(m_desk.status->goOn());
     setWindowTitle(name->text() + u" - "_s + QString::fromUtf16(core::AppTitleText));
+    tellKeptDrafts(m_desk);
     statusBar()->addPermanentWidget(sharing);
 }
 

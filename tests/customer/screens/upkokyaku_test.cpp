@@ -2,6 +2,8 @@
 
 #include "support/customer/screens/edit_form_test.h"
 
+#include <QClipboard>
+
 using namespace Qt::StringLiterals;
 using customer::upkokyaku;
 
@@ -39,6 +41,23 @@ TEST_F(UpkokyakuTest, WritesTheSixteenTextsInTheirColumns)
     }
     EXPECT_EQ(valueOf(u"SELECT 備考 FROM ユーザー"_s), u"髙﨑𠮷 '100%' [a]\r\n二行目😀"_s);
     EXPECT_EQ(valueOf(u"SELECT Y印字 FROM ユーザー"_s), u"1"_s);
+}
+
+// Neither what is pasted nor what the record holds is cut by a field.
+TEST_F(UpkokyakuTest, ALongTextIsKeptWholeAndSeenFromItsStart)
+{
+    const QString name = QString(40'000, u'名');
+    QGuiApplication::clipboard()->setText(name);
+    box(1).setFocus();
+    box(1).paste();
+    box(0).setText(u"ﾅ"_s);
+    press("Command1");
+    EXPECT_EQ(names(), QStringList{name});
+    edit<upkokyaku>(customer::customerTable(), form->savedRecord()->key);
+    EXPECT_EQ(box(1).text(), name);
+    EXPECT_EQ(box(1).cursorPosition(), 0);
+    press("Command1");
+    EXPECT_EQ(names(), QStringList{name});
 }
 
 TEST_F(UpkokyakuTest, RefusesABlankNameAndKeepsWhatWasTyped)

@@ -89,6 +89,20 @@ TEST_F(BoundNumbersTest, ASaveByMouseOrKeyJudgesTheEditedNumberOnce)
     EXPECT_EQ(stored(), u"棚 1200"_s);
 }
 
+TEST_F(BoundNumbersTest, ANumberThatComesBackFromADraftIsJudgedAsATypedOne)
+{
+    paste(open().price, u"12a"_s);
+    form->close();
+    messages.willAnswer(core::Answer::Yes);
+    PriceForm& shown = open();
+    messages.takeBoxes();
+    EXPECT_EQ(shown.price.text(), u"12a"_s);
+    shown.save.click();
+    EXPECT_EQ(messages.takeText(), u"数字のみ入力して下さい。"_s);
+    EXPECT_EQ(shown.price.text(), u"0"_s);
+    EXPECT_TRUE(shown.price.hasFocus());
+}
+
 TEST_F(BoundNumbersTest, ANumberThatWasNotEditedIsNotJudged)
 {
     execute(u"UPDATE 納品リスト SET 定価 = '時価'"_s);

@@ -1,3 +1,4 @@
+#include "records/screens/draft_name.h"
 #include "records/screens/status_line.h"
 #include "support/customer/screens/all_forms_test.h"
 
@@ -40,7 +41,7 @@ protected:
     // What the drafts of a new case are kept under.
     static QString newCaseOf(const core::RecordKey& customer)
     {
-        return u"upkenmei +"_s + QString::number(customer.updateId) + u' ';
+        return records::draftName(u"upkenmei"_s, {records::Opening::Mode::Add, {}, {customer}});
     }
 
     records::StatusLine status;
@@ -125,6 +126,30 @@ TEST_F(EditFormDraftsTest, AFolderThatCannotBeWrittenIsToldOnceAndNothingIsLost)
     next.takeOver();
     EXPECT_EQ(next.drafts(path(), newCaseOf(owner)).size(), 3);
     messages.takeBoxes();
+}
+
+// What it belonged to was deleted by somebody else while no form was open.
+TEST_F(EditFormDraftsTest, WhatWasTypedForACustomerWhoIsGoneIsOfferedForAnother)
+{
+    keepTyped(u"一"_s);
+    deleteElsewhere(customer::customerTable(), owner);
+    owner = addNamed(u"木村"_s, u"ｷﾑﾗ"_s).key;
+    messages.willAnswer(Answer::Yes);
+    newCase();
+    EXPECT_EQ(messages.takeBoxes().size(), 1);
+    EXPECT_EQ(title().text(), u"一"_s);
+}
+
+// Killed between the save and the removal of the draft.
+TEST_F(EditFormDraftsTest, WhatStandsInTheRecordAlreadyIsNotOffered)
+{
+    openCase(records::Opening::Mode::Change);
+    notes().setPlainText(u"typed"_s);
+    form->close();
+    change(customer::caseTable(), ofCase, {{u"備考"_s, u"typed"_s}});
+    openCase(records::Opening::Mode::Change);
+    EXPECT_TRUE(messages.takeBoxes().isEmpty());
+    EXPECT_TRUE(drafts.forms().isEmpty());
 }
 
 TEST_F(EditFormDraftsTest, FieldsThatWereEmptiedComeBackByCtrlZ)
