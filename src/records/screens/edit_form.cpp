@@ -7,6 +7,7 @@
 #include "ui/window_placement.h"
 
 #include <QCheckBox>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
 
@@ -272,6 +273,16 @@ void EditForm::beginNext()
     m_filled = m_fields.values();
     if (m_next)
         m_next->setFocus();
+}
+
+// A dialog selects the text that has the focus first: the next key would replace it, and of a long
+// one the end would be seen.
+void EditForm::setVisible(bool visible)
+{
+    QDialog::setVisible(visible);
+    auto* const first = qobject_cast<QLineEdit*>(m_controls.first);
+    if (visible && first)
+        first->home(false);
 }
 
 void EditForm::done(int result)

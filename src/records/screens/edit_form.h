@@ -46,6 +46,7 @@ class EditForm : public QDialog {
 public:
     ~EditForm() override;
     void done(int result) override;
+    void setVisible(bool visible) override;
 
     // The record that was saved last, as it was written; none before.
     const std::optional<Record>& savedRecord() const { return m_saved; }

@@ -56,6 +56,7 @@ TEST_F(UpkokyakuTest, ALongTextIsKeptWholeAndSeenFromItsStart)
     edit<upkokyaku>(customer::customerTable(), form->savedRecord()->key);
     EXPECT_EQ(box(1).text(), name);
     EXPECT_EQ(box(1).cursorPosition(), 0);
+    EXPECT_FALSE(box(0).hasSelectedText()) << "the next key shall not replace it";
     press("Command1");
     EXPECT_EQ(names(), QStringList{name});
 }
