@@ -1,7 +1,5 @@
 #include "records/data/draft_store.h"
 
-#include "support/child_process.h"
-
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -122,32 +120,6 @@ TEST_F(DraftStoreTest, AFileThatIsNoneIsPassedOverAndLeftAlone)
     }
     EXPECT_EQ(found(shop), QStringList{u"typed"_s});
     EXPECT_EQ(broken.size(), 12);
-}
-
-TEST_F(DraftStoreTest, AKillLeavesEachDraftAsItWasOrAsItBecame)
-{
-    for (int round = rounds("CORVANE_KILLS", 5); round > 0; --round) {
-        DraftStore(place).fileMoved(shop, {});
-        int told = 0;
-        {
-            ChildProcess copy([this](const ChildProcess::StepDone& stepDone) {
-                DraftStore store(place);
-                Draft kept = draft(u"0"_s);
-                for (int i = 1;; ++i) {
-                    kept.edited = QString::number(i);
-                    store.keep(shop, &kept);
-                    stepDone();
-                }
-                return true;
-            });
-            ASSERT_TRUE(copy.waitForSteps(round));
-            told = round + copy.killNow();
-        }
-        const QStringList left = found(shop);
-        ASSERT_EQ(left.size(), 1);
-        EXPECT_GE(left.first().toInt(), told);
-        EXPECT_LE(left.first().toInt(), told + 1);
-    }
 }
 
 } // namespace

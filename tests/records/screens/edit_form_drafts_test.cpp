@@ -2,7 +2,6 @@
 #include "records/screens/status_line.h"
 #include "support/customer/screens/all_forms_test.h"
 
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 
 using core::Answer;
@@ -88,22 +87,6 @@ TEST_F(EditFormDraftsTest, WhatWasPutOffAndWhatWasTypedSinceAreBothOffered)
     press("Command1");
     newCase();
     EXPECT_TRUE(messages.takeBoxes().isEmpty());
-}
-
-TEST_F(EditFormDraftsTest, IsWrittenWithinTwoSecondsWhileTypingGoesOn)
-{
-    const QTemporaryDir folder;
-    drafts = {std::make_shared<records::DraftStore>(folder.path()), path()};
-    newCase();
-    const auto written = [this] { return !drafts.of(newCaseOf(owner)).isEmpty(); };
-    QElapsedTimer typing;
-    typing.start();
-    while (!written() && typing.elapsed() < 4000) {
-        QTest::keyClick(&title(), Qt::Key_A);
-        QTest::qWait(20);
-    }
-    EXPECT_LT(typing.elapsed(), 2000);
-    form->close();
 }
 
 TEST_F(EditFormDraftsTest, AFolderThatCannotBeWrittenIsToldOnceAndNothingIsLost)
