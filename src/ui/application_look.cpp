@@ -47,7 +47,6 @@ qreal fontSize()
     return std::max(Least, QApplication::font().pointSizeF());
 }
 
-
 void loadJapaneseTexts(QApplication& application)
 {
     auto* const texts = new QTranslator(&application);

@@ -147,7 +147,9 @@ void ListView::paintEvent(QPaintEvent* event)
     if (m_hint.isEmpty() || !model() || model()->rowCount() > 0)
         return;
     QPainter painter(viewport());
-    painter.setPen(palette().color(QPalette::PlaceholderText));
+    QColor grey = palette().color(QPalette::Text); // not every theme has one of its own for this
+    grey.setAlphaF(0.65F);
+    painter.setPen(grey);
     painter.drawText(viewport()->rect().adjusted(8, 4, -8, -4), Qt::AlignCenter | Qt::TextWordWrap,
                      m_hint);
 }

@@ -2,6 +2,7 @@
 
 #include "ui/deletion_hold.h"
 #include "ui/enter_moves_on.h"
+#include "ui/password_field.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -132,10 +133,10 @@ std::optional<QString> MessageBoxes::askText(const QString& prompt, const QStrin
     QInputDialog dialog(QApplication::activeWindow());
     dialog.setWindowTitle(title);
     dialog.setLabelText(prompt);
-    // Hidden, but not while it is typed: passwords may hold kana, and the input method needs that.
-    dialog.setTextEchoMode(secret ? QLineEdit::PasswordEchoOnEdit : QLineEdit::Normal);
     dialog.setOkButtonText(u"OK"_s);
     dialog.setCancelButtonText(u"キャンセル"_s);
+    if (auto* const field = dialog.findChild<QLineEdit*>(); field && secret)
+        hidePassword(*field);
     // Enter that confirms a kana conversion must not close the box.
     if (const auto* const buttons = dialog.findChild<QDialogButtonBox*>())
         new EnterMovesOn(&dialog, buttons->button(QDialogButtonBox::Ok));

@@ -192,7 +192,7 @@ TEST(MessageBoxes, AskForATextThatMayBeSecret)
         };
     };
     {
-        const auto answer = onModal<QInputDialog>(type(u"ひみつ"_s, QLineEdit::PasswordEchoOnEdit));
+        const auto answer = onModal<QInputDialog>(type(u"ひみつ"_s, QLineEdit::Password));
         EXPECT_EQ(messages.askText(u"ﾊﾟｽﾜｰﾄﾞ"_s, u"コルヴァン３"_s, true), u"ひみつ"_s);
     }
     const auto answer = onModal<QInputDialog>(type(QString(), QLineEdit::Normal));

@@ -5,8 +5,10 @@
 #include "core/data/shared.h"
 #include "core/screens/screen_flow.h"
 #include "ui/enter_moves_on.h"
+#include "ui/password_field.h"
 #include "ui_admin.h"
 
+#include <QKeyEvent>
 #include <QShortcut>
 #include <QSignalBlocker>
 
@@ -33,11 +35,40 @@ admin::admin(Shared& shared, ScreenFlow& flow, QWidget* parent)
     connect(remove, &QShortcut::activated, this, &admin::Command3_Click);
     new ui::EnterMovesOn(this, nullptr);
 
+    ui::hidePassword(*m_ui->Text1_1);
+    ui::hidePassword(*m_ui->Text2_1);
+    m_ui->ListView1->installEventFilter(this);
     m_ui->Command4->setEnabled(false); // until there is something to change
     fillList(0);
+    if (m_entries.isEmpty())
+        m_ui->Text1_0->setFocus(); // the first name is typed at once
 }
 
 admin::~admin() = default;
+
+// An arrow key in a list of one entry moves to no other one, so it would choose none.
+bool admin::eventFilter(QObject* watched, QEvent* event)
+{
+    const QTreeWidget& list = *m_ui->ListView1;
+    if (event->type() == QEvent::KeyPress && list.selectedItems().isEmpty()
+        && list.topLevelItemCount() > 0) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Up || key == Qt::Key_Down) {
+            m_ui->ListView1->setCurrentItem(list.topLevelItem(0), 0,
+                                            QItemSelectionModel::ClearAndSelect
+                                                | QItemSelectionModel::Rows);
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+// What was refused is to be mended.
+void admin::focusOn(QLineEdit& refused)
+{
+    refused.setFocus();
+    refused.selectAll();
+}
 
 DataKind admin::kind() const
 {
@@ -118,8 +149,10 @@ void admin::ListView1_ItemClick()
 void admin::Command1_Click()
 {
     const QString name = m_ui->Text1_0->text();
-    if (!AddDataFile(m_shared, kind(), name, m_ui->Text1_1->text()))
+    if (!AddDataFile(m_shared, kind(), name, m_ui->Text1_1->text())) {
+        focusOn(*m_ui->Text1_0);
         return;
+    }
     showEntry({});
     fillList(0);
     m_ui->Text1_0->setFocus();
@@ -131,8 +164,11 @@ void admin::Command2_Click()
     if (!entry)
         return;
     // Also after a failure: the row can be changed although the file kept its name.
-    ChangeDataFile(m_shared, *entry, m_ui->Text1_0->text(), m_ui->Text1_1->text());
+    const bool changed =
+        ChangeDataFile(m_shared, *entry, m_ui->Text1_0->text(), m_ui->Text1_1->text());
     refill(entry->number);
+    if (!changed)
+        focusOn(*m_ui->Text1_0);
 }
 
 void admin::Command3_Click()
@@ -148,7 +184,8 @@ void admin::Command3_Click()
 
 void admin::Command4_Click()
 {
-    SaveAdministrator(m_shared, {m_ui->Text2_0->text(), m_ui->Text2_1->text()});
+    if (!SaveAdministrator(m_shared, {m_ui->Text2_0->text(), m_ui->Text2_1->text()}))
+        focusOn(*m_ui->Text2_0);
 }
 
 } // namespace core

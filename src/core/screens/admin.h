@@ -7,6 +7,8 @@
 #include <memory>
 #include <optional>
 
+class QLineEdit;
+
 namespace Ui {
 class admin;
 }
@@ -24,7 +26,11 @@ public:
     admin(Shared& shared, ScreenFlow& flow, QWidget* parent = nullptr);
     ~admin() override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+    static void focusOn(QLineEdit& refused);
     void Option_Click();
     void ListView1_ItemClick();
     void Command1_Click();

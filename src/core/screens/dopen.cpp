@@ -19,6 +19,7 @@ dopen::dopen(Shared& shared, ScreenFlow& flow, DataFileOpener& opener, QWidget* 
     connect(m_ui->ListView1, &QTreeWidget::itemActivated, this, &dopen::Command1_Click);
     connect(m_ui->Command1, &QPushButton::clicked, this, &dopen::Command1_Click);
     connect(m_ui->Command2, &QPushButton::clicked, this, &QDialog::reject);
+    connect(m_ui->CreateData, &QPushButton::clicked, this, &dopen::createData);
     connect(this, &QDialog::finished, this, &dopen::Form_Unload);
     new ui::EnterMovesOn(this, m_ui->Command1);
 }
@@ -47,10 +48,22 @@ void dopen::prepare(DataKind kind)
     }
     const bool isEmpty = m_entries.isEmpty();
     m_ui->emptyNote->setVisible(isEmpty);
+    m_ui->CreateData->setVisible(isEmpty && listed);
     m_ui->Command1->setEnabled(!isEmpty);
     if (!isEmpty)
         m_ui->ListView1->setCurrentItem(m_ui->ListView1->topLevelItem(0));
-    m_ui->ListView1->setFocus();
+    if (isEmpty && listed)
+        m_ui->CreateData->setFocus();
+    else
+        m_ui->ListView1->setFocus();
+}
+
+// The first data file is made by the administrator.
+void dopen::createData()
+{
+    m_openedFromMenu = false;
+    accept();
+    m_flow.show(Screen::Login);
 }
 
 void dopen::Command1_Click()

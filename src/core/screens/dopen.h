@@ -33,6 +33,7 @@ public:
 
 private:
     void Command1_Click();
+    void createData();
     void Form_Unload();
     bool passwordIsKnown(const DataFileEntry& entry);
     std::optional<OpenedDataFile> openEntry(const DataFileEntry& entry);

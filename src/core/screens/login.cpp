@@ -5,6 +5,7 @@
 #include "core/data/shared.h"
 #include "core/screens/screen_flow.h"
 #include "ui/enter_moves_on.h"
+#include "ui/password_field.h"
 #include "ui_login.h"
 
 using namespace Qt::StringLiterals;
@@ -16,6 +17,7 @@ login::login(Shared& shared, ScreenFlow& flow, QWidget* parent)
 {
     m_ui->setupUi(this);
     m_Text1 = {m_ui->Text1_0, m_ui->Text1_1};
+    ui::hidePassword(*m_ui->Text1_1);
     m_ui->Label1->setText(u"初期値は管理者名：｢Admin｣ ﾊﾟｽﾜｰﾄﾞ：｢｣"_s);
     connect(m_ui->Command1, &QPushButton::clicked, this, &login::Command1_Click);
     connect(m_ui->Command2, &QPushButton::clicked, this, &QDialog::reject);
