@@ -85,6 +85,31 @@ void kokyaku::Form_Load()
     m_windows = new records::FloatingWindows(desk(), settings(), selection(), windows,
                                              new johokokyaku(desk(), settings(), selection(), this),
                                              new klogpreview(desk().file, this));
+    makePanes();
+    fillIndex();
+    m_commands->addTools(*m_ui->Toolbar1, m_ui->Toolbar1->actions().first());
+    assemble({{m_ui->index->tree(), &m_ui->customers->view(), m_cases->index().tree(),
+               &m_ui->cases->view(), &m_ui->logs->view(), &m_ui->files->view(),
+               m_ui->schedule->calendar(), &m_ui->schedule->view()},
+              {m_ui->customers, m_ui->cases, m_ui->logs},
+              m_ui->splitLists,
+              m_windows});
+    addMenus();
+    connectLists();
+    connectCommands();
+    m_ui->splitDesk->setSizes({IndexWidth, width() - IndexWidth});
+    m_ui->splitDesk->setStretchFactor(1, 1);
+    m_ui->splitIndex->setSizes({290, 350});
+    m_ui->splitIndex->setStretchFactor(0, 1);
+    m_ui->splitLists->setSizes({230, 240, 170});
+    restoreDesk();
+    m_cases->showDateColumns();
+    restoreView();
+    m_ui->customers->view().setFocus();
+}
+
+void kokyaku::makePanes()
+{
     m_ui->customers->initialize(desk().file, customerList(), settings(), selection(),
                                 {u"ListView1"_s,
                                  u"HScroll1"_s,
@@ -118,26 +143,6 @@ void kokyaku::Form_Load()
     m_ui->index->initialize(u"TreeView1"_s, u"顧客の索引"_s, [this] {
         return records::IndexContext{settings(), desk().file.clock.today()};
     });
-    fillIndex();
-    m_commands->addTools(*m_ui->Toolbar1, m_ui->Toolbar1->actions().first());
-    assemble({{m_ui->index->tree(), &m_ui->customers->view(), m_cases->index().tree(),
-               &m_ui->cases->view(), &m_ui->logs->view(), &m_ui->files->view(),
-               m_ui->schedule->calendar(), &m_ui->schedule->view()},
-              {m_ui->customers, m_ui->cases, m_ui->logs},
-              m_ui->splitLists,
-              m_windows});
-    addMenus();
-    connectLists();
-    connectCommands();
-    m_ui->splitDesk->setSizes({IndexWidth, width() - IndexWidth});
-    m_ui->splitDesk->setStretchFactor(1, 1);
-    m_ui->splitIndex->setSizes({290, 350});
-    m_ui->splitIndex->setStretchFactor(0, 1);
-    m_ui->splitLists->setSizes({230, 240, 170});
-    restoreDesk();
-    m_cases->showDateColumns();
-    restoreView();
-    m_ui->customers->view().setFocus();
 }
 
 void kokyaku::fillIndex()

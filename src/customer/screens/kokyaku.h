@@ -43,6 +43,7 @@ protected:
 
 private:
     void Form_Load();
+    void makePanes();
     void fillIndex();
     void connectLists();
     void connectCommands();
