@@ -22,7 +22,7 @@ constexpr double SecondAfterAll = 0.2;
 constexpr double CountAfterAll = 0.05;
 constexpr double SecondInOrder = 2.5;
 constexpr double RestInOrder = 1.2;
-constexpr double LongEnough = 20000; // milliseconds
+constexpr double SearchTime = 20000; // milliseconds
 constexpr int PageRows = 100;
 constexpr int FewRows = 50; // of a page, so that what is found is more than one of them
 
@@ -181,7 +181,7 @@ double Searches::byHand(const HandWritten& rows) const
 {
     QElapsedTimer timer;
     timer.start();
-    require(m_bare.read(rows, LongEnough).has_value(), m_file);
+    require(m_bare.read(rows, SearchTime).has_value(), m_file);
     return milliseconds(timer);
 }
 

@@ -19,7 +19,7 @@ constexpr qint64 LookedAt = 6000;
 // From here on a page costs so much that all rows are found when the second one is turned to.
 constexpr qint64 Far = 4000;
 constexpr qint64 Unlimited = 0;
-constexpr qint64 AllRows = std::numeric_limits<qint64>::max();
+constexpr qint64 NoRowBound = std::numeric_limits<qint64>::max();
 // Rows behind a far page that are found with it, for whoever turns on from there.
 constexpr qint64 Ahead = 4000;
 // Of a table's rows, the part up to which sorting the found ones is quicker than walking all.
@@ -223,7 +223,7 @@ RowFinder::Outcome RowFinder::findOnTheWay(qint64 position, qint64 count)
 
 bool RowFinder::findAll()
 {
-    return findUpTo(AllRows);
+    return findUpTo(NoRowBound);
 }
 
 // As many of the rows, from the first one on; all of them where fewer are not found sooner.

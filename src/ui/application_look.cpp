@@ -18,9 +18,9 @@ namespace ui {
 namespace {
 
 // Message boxes bear the program's own drawings, whatever the desktop's theme has.
-class Look : public QProxyStyle {
+class HouseStyle : public QProxyStyle {
 public:
-    Look() : QProxyStyle(u"Fusion"_s) {}
+    HouseStyle() : QProxyStyle(u"Fusion"_s) {}
 
     QIcon standardIcon(StandardPixmap standard, const QStyleOption* option,
                        const QWidget* widget) const override
@@ -60,7 +60,7 @@ void setUpApplication(QApplication& application)
 {
     // Weekdays and calendars are Japanese on any machine.
     QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
-    QApplication::setStyle(new Look);
+    QApplication::setStyle(new HouseStyle);
     QFont font({u"Noto Sans CJK JP"_s, u"IPAGothic"_s});
     font.setPointSizeF(fontSize());
     QApplication::setFont(font);
