@@ -122,8 +122,8 @@ void HelpViewer::addKeys()
 QList<QUrl> HelpViewer::pages()
 {
     QList<QUrl> urls;
-    for (const char* const page :
-         {"index", "start", "desk", "customers", "cases", "schedule", "admin", "keys", "trouble"})
+    for (const char* const page : {"index", "first", "start", "desk", "customers", "cases",
+                                   "schedule", "admin", "keys", "trouble"})
         urls.append(QUrl(u"qrc:/help/"_s + QLatin1String(page) + u".html"_s));
     return urls;
 }
