@@ -6,6 +6,7 @@
 #include "core/screens/screen_flow.h"
 #include "ui/enter_moves_on.h"
 #include "ui/password_field.h"
+#include "ui/scrolling_body.h"
 #include "ui_admin.h"
 
 #include <QKeyEvent>
@@ -20,6 +21,7 @@ admin::admin(Shared& shared, ScreenFlow& flow, QWidget* parent)
     : QDialog(parent), m_ui(new Ui::admin), m_shared(shared)
 {
     m_ui->setupUi(this);
+    ui::scrollBody(*this);
     m_ui->ListView1->header()->resizeSection(0, 320);
     connect(m_ui->Option1, &QRadioButton::toggled, this, &admin::Option_Click);
     // Coming to the list by Tab selects nothing yet.
