@@ -83,7 +83,7 @@ bool DraftStore::open()
         return m_file != nullptr;
     auto file = std::make_unique<storage::Connection>();
     if (!makeFolder(m_folder)) {
-        noteFailure(u"フォルダ 『 "_s + m_folder + u" 』 を作成できません。"_s);
+        noteFailure(u"フォルダー 『 "_s + m_folder + u" 』 を作成できません。"_s);
         return false;
     }
     for (int copy = 1; copy <= MostCopies; ++copy) {
